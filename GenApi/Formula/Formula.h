@@ -1,0 +1,110 @@
+// The formula language of SwissKnife, IntSwissKnife, Converter and
+// IntConverter nodes: a parser that compiles a formula once into a flat
+// expression tree, and an evaluator that walks that tree without allocating.
+#ifndef GENAPI_FORMULA_FORMULA_H
+#define GENAPI_FORMULA_FORMULA_H
+
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include <Base/GCException.h>
+
+namespace GenApi_3_0 {
+namespace detail {
+
+/// A compiled formula.
+///
+/// Integer mode (IntSwissKnife, IntConverter): 64-bit two's-complement
+/// arithmetic that wraps on overflow, no functions, no PI or E, and only
+/// integer literals (decimal or 0x hexadecimal); a literal with a fraction or
+/// an exponent is a syntax error.
+/// Float mode (SwissKnife, Converter): double arithmetic, the functions SGN,
+/// NEG, ABS, SIN, COS, TAN, ASIN, ACOS, ATAN, EXP, LN, LG, SQRT, TRUNC, FLOOR,
+/// CEIL, ROUND (with an optional second argument, the number of decimals),
+/// and the constants PI and E. Bitwise operators and shifts work on the
+/// operands truncated to int64.
+///
+/// Operators, lowest to highest precedence: ?: (right-associative), ||, &&,
+/// |, ^, &, = and <>, < <= > >=, << and >>, + and -, * / and %, ** (right-
+/// associative), unary - + ~. `=` compares. Comparisons and logic give 1 or 0;
+/// && and || and ?: evaluate only the operands they need.
+///
+/// Value semantics: a CFormula may be copied, moved and assigned freely; a
+/// copy is independent of the original. Evaluation is const and keeps no
+/// state, so one CFormula may be evaluated by several threads at once.
+class CFormula {
+public:
+  /// Parses `text`. Raises GenICam_3_0::InvalidArgumentException on a syntax
+  /// error (unexpected character or token, unbalanced parentheses, a function
+  /// unknown or unavailable in integer mode, wrong argument count, a literal
+  /// out of range, nesting deeper than the evaluator allows); the message
+  /// quotes the formula and names the 1-based character position.
+  CFormula(const std::string& text, bool integerMode);
+
+  /// The formula text as given.
+  const std::string& GetText() const { return m_strText; }
+  /// True when compiled for integer arithmetic.
+  bool IsIntegerMode() const { return m_bIntegerMode; }
+
+  /// Every identifier the formula uses as a variable (dotted names such as
+  /// "Width.Max" or "VAR.Value" included, as written), in order of first
+  /// appearance, without function names and constants. Raises nothing.
+  const std::vector<std::string>& GetVariableNames() const { return m_vecVariables; }
+
+  /// Evaluates the formula. Variable i (an index into GetVariableNames()) is
+  /// asked for through intVar in integer mode and through floatVar in float
+  /// mode; the other source is never called and may be empty. Each variable is
+  /// asked for at most once per evaluation step that needs it, so the sources
+  /// should be cheap or cache. Raises GenICam_3_0::LogicalErrorException on a
+  /// division or modulo by zero; lets whatever a source raises pass.
+  /// EvaluateInteger of a float formula truncates the result toward zero
+  /// (saturating at the int64 range, NaN gives 0); EvaluateFloat of an
+  /// integer formula converts the result to double.
+  int64_t EvaluateInteger(const std::function<int64_t(size_t)>& intVar,
+                          const std::function<double(size_t)>& floatVar) const;
+  double EvaluateFloat(const std::function<int64_t(size_t)>& intVar,
+                       const std::function<double(size_t)>& floatVar) const;
+
+private:
+  enum EOp_t : uint8_t {
+    eConst,      // literal or constant
+    eVariable,   // m_nIndex is the variable's index
+    eNeg, ePlus, eBitNot,
+    eAdd, eSub, eMul, eDiv, eMod, ePow,
+    eShl, eShr, eBitAnd, eBitOr, eBitXor,
+    eEq, eNe, eLt, eLe, eGt, eGe,
+    eAnd, eOr, eTernary,
+    // float-mode functions
+    eSgn, eFNeg, eAbs, eSin, eCos, eTan, eAsin, eAcos, eAtan, eExp, eLn, eLg, eSqrt,
+    eTrunc, eFloor, eCeil, eRound, eRound2
+  };
+
+  /// One node of the compiled tree; children are indices into m_vecNodes.
+  struct SNode {
+    EOp_t m_eOp;
+    int32_t m_nA;      // first operand, -1 if none
+    int32_t m_nB;      // second operand, -1 if none
+    int32_t m_nC;      // third operand (ternary's else), -1 if none
+    int64_t m_nValue;  // literal in integer mode, variable index
+    double m_dblValue; // literal in float mode
+  };
+
+  friend class CFormulaParser;
+
+  int64_t mEvalInt(int32_t node, const std::function<int64_t(size_t)>& intVar) const;
+  double mEvalFloat(int32_t node, const std::function<double(size_t)>& floatVar) const;
+
+  std::string m_strText;
+  bool m_bIntegerMode;
+  std::vector<std::string> m_vecVariables;
+  std::vector<SNode> m_vecNodes;
+  int32_t m_nRoot;
+};
+
+}  // namespace detail
+}  // namespace GenApi_3_0
+
+#endif
