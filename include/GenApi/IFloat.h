@@ -1,0 +1,35 @@
+// IFloat: a floating-point feature.
+#ifndef GENAPI_IFLOAT_H
+#define GENAPI_IFLOAT_H
+
+#include <GenApi/IValue.h>
+
+namespace GenApi_3_0 {
+
+struct IFloat : virtual public IValue {
+  /// Sets the value. Raises AccessException when not writable; with Verify,
+  /// OutOfRangeException below Min or above Max.
+  virtual void SetValue(double Value, bool Verify = true) = 0;
+  /// SetValue(Value, true).
+  virtual IFloat& operator=(double Value) = 0;
+  /// The value. Raises AccessException when not readable.
+  virtual double GetValue(bool Verify = false, bool IgnoreCache = false) = 0;
+  virtual double operator()() = 0;
+  virtual double operator*() = 0;
+  virtual double GetMin() = 0;
+  virtual double GetMax() = 0;
+  virtual bool HasInc() = 0;
+  virtual EIncMode GetIncMode() = 0;
+  virtual double GetInc() = 0;
+  virtual double_autovector_t GetListOfValidValues(bool bounded = true) = 0;
+  virtual ERepresentation GetRepresentation() = 0;
+  virtual gcstring GetUnit() const = 0;
+  virtual EDisplayNotation GetDisplayNotation() const = 0;
+  virtual int64_t GetDisplayPrecision() const = 0;
+  virtual void ImposeMin(double Value) = 0;
+  virtual void ImposeMax(double Value) = 0;
+};
+
+}  // namespace GenApi_3_0
+
+#endif
