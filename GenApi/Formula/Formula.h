@@ -15,17 +15,38 @@
 namespace GenApi_3_0 {
 namespace detail {
 
+/// Operations of a compiled formula's nodes.
+enum EFormulaOp_t : uint8_t {
+  eFormulaConst,     // literal or constant
+  eFormulaVariable,  // the node's m_nValue is the variable's index
+  eFormulaNeg, eFormulaPlus, eFormulaBitNot,
+  eFormulaAdd, eFormulaSub, eFormulaMul, eFormulaDiv, eFormulaMod, eFormulaPow,
+  eFormulaShl, eFormulaShr, eFormulaBitAnd, eFormulaBitOr, eFormulaBitXor,
+  eFormulaEq, eFormulaNe, eFormulaLt, eFormulaLe, eFormulaGt, eFormulaGe,
+  eFormulaAnd, eFormulaOr, eFormulaTernary,
+  // functions of float formulas
+  eFormulaSgn, eFormulaFNeg, eFormulaAbs, eFormulaSin, eFormulaCos, eFormulaTan, eFormulaAsin,
+  eFormulaAcos, eFormulaAtan, eFormulaExp, eFormulaLn, eFormulaLg, eFormulaSqrt, eFormulaTrunc,
+  eFormulaFloor, eFormulaCeil, eFormulaRound, eFormulaRound2
+};
+
 /// A compiled formula.
 ///
 /// Integer mode (IntSwissKnife, IntConverter): 64-bit two's-complement
-/// arithmetic that wraps on overflow, no functions, no PI or E, and only
-/// integer literals (decimal or 0x hexadecimal); a literal with a fraction or
-/// an exponent is a syntax error.
-/// Float mode (SwissKnife, Converter): double arithmetic, the functions SGN,
-/// NEG, ABS, SIN, COS, TAN, ASIN, ACOS, ATAN, EXP, LN, LG, SQRT, TRUNC, FLOOR,
-/// CEIL, ROUND (with an optional second argument, the number of decimals),
-/// and the constants PI and E. Bitwise operators and shifts work on the
-/// operands truncated to int64.
+/// arithmetic that wraps on overflow; / truncates toward zero and % takes the
+/// sign of the dividend (as in C); ** with a negative exponent gives the
+/// truncated quotient (0 unless the base is 1 or -1); << and >> (arithmetic)
+/// by a count outside 0..63 shift every bit out. No functions and no
+/// constants (PI and E are plain variable names there), and only integer
+/// literals: decimal or 0x hexadecimal up to 2**64-1, wrapping, so that
+/// 0xFFFFFFFFFFFFFFFF is -1; a literal with a fraction or an exponent is a
+/// syntax error.
+/// Float mode (SwissKnife, Converter): double arithmetic, % is fmod, the
+/// functions SGN, NEG, ABS, SIN, COS, TAN, ASIN, ACOS, ATAN, EXP, LN, LG, SQRT,
+/// TRUNC, FLOOR, CEIL, ROUND (halves away from zero, with an optional second
+/// argument: the number of decimals), spelt in capitals, and the constants PI
+/// and E, which take precedence over variables of those names. Bitwise
+/// operators and shifts work on the operands truncated to int64.
 ///
 /// Operators, lowest to highest precedence: ?: (right-associative), ||, &&,
 /// |, ^, &, = and <>, < <= > >=, << and >>, + and -, * / and %, ** (right-
@@ -56,9 +77,9 @@ public:
 
   /// Evaluates the formula. Variable i (an index into GetVariableNames()) is
   /// asked for through intVar in integer mode and through floatVar in float
-  /// mode; the other source is never called and may be empty. Each variable is
-  /// asked for at most once per evaluation step that needs it, so the sources
-  /// should be cheap or cache. Raises GenICam_3_0::LogicalErrorException on a
+  /// mode; the other source is never called and may be empty. A source is
+  /// called for every occurrence that evaluation reaches (operands that &&,
+  /// || and ?: skip are not read). Raises GenICam_3_0::LogicalErrorException on a
   /// division or modulo by zero; lets whatever a source raises pass.
   /// EvaluateInteger of a float formula truncates the result toward zero
   /// (saturating at the int64 range, NaN gives 0); EvaluateFloat of an
@@ -69,22 +90,9 @@ public:
                        const std::function<double(size_t)>& floatVar) const;
 
 private:
-  enum EOp_t : uint8_t {
-    eConst,      // literal or constant
-    eVariable,   // m_nIndex is the variable's index
-    eNeg, ePlus, eBitNot,
-    eAdd, eSub, eMul, eDiv, eMod, ePow,
-    eShl, eShr, eBitAnd, eBitOr, eBitXor,
-    eEq, eNe, eLt, eLe, eGt, eGe,
-    eAnd, eOr, eTernary,
-    // float-mode functions
-    eSgn, eFNeg, eAbs, eSin, eCos, eTan, eAsin, eAcos, eAtan, eExp, eLn, eLg, eSqrt,
-    eTrunc, eFloor, eCeil, eRound, eRound2
-  };
-
   /// One node of the compiled tree; children are indices into m_vecNodes.
   struct SNode {
-    EOp_t m_eOp;
+    EFormulaOp_t m_eOp;
     int32_t m_nA;      // first operand, -1 if none
     int32_t m_nB;      // second operand, -1 if none
     int32_t m_nC;      // third operand (ternary's else), -1 if none
