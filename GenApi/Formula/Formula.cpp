@@ -39,59 +39,25 @@ int64_t ToInt64(double v) {
 
 double Bool(bool b) { return b ? 1.0 : 0.0; }
 
-}  // namespace
-
-CFormula::CFormula(const std::string& text, bool integerMode)
-    : m_strText(text), m_bIntegerMode(integerMode), m_nRoot(-1) {
-  CFormulaParser parser(*this);
-  parser.Parse();
-}
-
-int64_t CFormula::EvaluateInteger(const std::function<int64_t(size_t)>& intVar,
-                                  const std::function<double(size_t)>& floatVar) const {
-  if (m_bIntegerMode) return mEvalInt(m_nRoot, intVar);
-  return ToInt64(mEvalFloat(m_nRoot, floatVar));
-}
-
-double CFormula::EvaluateFloat(const std::function<int64_t(size_t)>& intVar,
-                               const std::function<double(size_t)>& floatVar) const {
-  if (m_bIntegerMode) return static_cast<double>(mEvalInt(m_nRoot, intVar));
-  return mEvalFloat(m_nRoot, floatVar);
-}
-
-int64_t CFormula::mEvalInt(int32_t index, const std::function<int64_t(size_t)>& intVar) const {
-  const SNode& n = m_vecNodes[size_t(index)];
-  switch (n.m_eOp) {
-    case eFormulaConst: return n.m_nValue;
-    case eFormulaVariable: return intVar(size_t(n.m_nValue));
-    case eFormulaNeg: return WrapSub(0, mEvalInt(n.m_nA, intVar));
-    case eFormulaPlus: return mEvalInt(n.m_nA, intVar);
-    case eFormulaBitNot: return ~mEvalInt(n.m_nA, intVar);
-    case eFormulaAnd: return (mEvalInt(n.m_nA, intVar) != 0 && mEvalInt(n.m_nB, intVar) != 0) ? 1 : 0;
-    case eFormulaOr: return (mEvalInt(n.m_nA, intVar) != 0 || mEvalInt(n.m_nB, intVar) != 0) ? 1 : 0;
-    case eFormulaTernary:
-      return mEvalInt(mEvalInt(n.m_nA, intVar) != 0 ? n.m_nB : n.m_nC, intVar);
-    default: break;
-  }
-
-  const int64_t a = mEvalInt(n.m_nA, intVar);
-  const int64_t b = mEvalInt(n.m_nB, intVar);
-  switch (n.m_eOp) {
+// The binary operations of integer arithmetic; `text` names the formula in
+// the exception of a division by zero.
+int64_t IntBinary(EFormulaOp_t op, int64_t a, int64_t b, const std::string& text) {
+  switch (op) {
     case eFormulaAdd: return WrapAdd(a, b);
     case eFormulaSub: return WrapSub(a, b);
     case eFormulaMul: return WrapMul(a, b);
     case eFormulaDiv:
-      if (b == 0) throw LOGICAL_ERROR_EXCEPTION("Division by zero in formula '%s'", m_strText.c_str());
+      if (b == 0) throw LOGICAL_ERROR_EXCEPTION("Division by zero in formula '%s'", text.c_str());
       if (b == -1) return WrapSub(0, a);  // INT64_MIN / -1 wraps instead of trapping
       return a / b;
     case eFormulaMod:
-      if (b == 0) throw LOGICAL_ERROR_EXCEPTION("Modulo by zero in formula '%s'", m_strText.c_str());
+      if (b == 0) throw LOGICAL_ERROR_EXCEPTION("Modulo by zero in formula '%s'", text.c_str());
       if (b == -1) return 0;
       return a % b;
     case eFormulaPow: {
       if (b < 0) {
         // The exact power is 1 / a**-b, truncated toward zero.
-        if (a == 0) throw LOGICAL_ERROR_EXCEPTION("Division by zero in formula '%s'", m_strText.c_str());
+        if (a == 0) throw LOGICAL_ERROR_EXCEPTION("Division by zero in formula '%s'", text.c_str());
         if (a == 1) return 1;
         if (a == -1) return (b & 1) ? -1 : 1;
         return 0;
@@ -117,14 +83,96 @@ int64_t CFormula::mEvalInt(int32_t index, const std::function<int64_t(size_t)>& 
     case eFormulaGe: return a >= b;
     default: break;
   }
-  // The parser never builds a function node in integer mode.
-  throw LOGICAL_ERROR_EXCEPTION("Corrupt integer formula '%s'", m_strText.c_str());
+  throw LOGICAL_ERROR_EXCEPTION("Corrupt integer formula '%s'", text.c_str());
+}
+
+// The binary operations of double arithmetic.
+double FloatBinary(EFormulaOp_t op, double a, double b, const std::string& text) {
+  switch (op) {
+    case eFormulaAdd: return a + b;
+    case eFormulaSub: return a - b;
+    case eFormulaMul: return a * b;
+    case eFormulaDiv:
+      if (b == 0.0) throw LOGICAL_ERROR_EXCEPTION("Division by zero in formula '%s'", text.c_str());
+      return a / b;
+    case eFormulaMod:
+      if (b == 0.0) throw LOGICAL_ERROR_EXCEPTION("Modulo by zero in formula '%s'", text.c_str());
+      return std::fmod(a, b);
+    case eFormulaPow: return std::pow(a, b);
+    case eFormulaShl: return static_cast<double>(ShiftLeft(ToInt64(a), ToInt64(b)));
+    case eFormulaShr: return static_cast<double>(ShiftRight(ToInt64(a), ToInt64(b)));
+    case eFormulaBitAnd: return static_cast<double>(ToInt64(a) & ToInt64(b));
+    case eFormulaBitOr: return static_cast<double>(ToInt64(a) | ToInt64(b));
+    case eFormulaBitXor: return static_cast<double>(ToInt64(a) ^ ToInt64(b));
+    case eFormulaEq: return Bool(a == b);
+    case eFormulaNe: return Bool(a != b);
+    case eFormulaLt: return Bool(a < b);
+    case eFormulaLe: return Bool(a <= b);
+    case eFormulaGt: return Bool(a > b);
+    case eFormulaGe: return Bool(a >= b);
+    case eFormulaRound2: {
+      // ROUND(x, n): x rounded to n decimals (n truncated; negative n rounds
+      // to tens, hundreds, ...).
+      const double scale = std::pow(10.0, std::trunc(b));
+      const double scaled = a * scale;
+      if (!std::isfinite(scaled) || scale == 0.0) return a;  // more decimals than a double holds
+      return std::round(scaled) / scale;
+    }
+    default: break;
+  }
+  throw LOGICAL_ERROR_EXCEPTION("Corrupt float formula '%s'", text.c_str());
+}
+
+// Values of integer formulas with double literals.
+bool IsTrue(const SFormulaMixedValue& v) { return v.m_bReal ? v.m_dblValue != 0.0 : v.m_nValue != 0; }
+int64_t AsInt(const SFormulaMixedValue& v) { return v.m_bReal ? ToInt64(v.m_dblValue) : v.m_nValue; }
+double AsReal(const SFormulaMixedValue& v) { return v.m_bReal ? v.m_dblValue : static_cast<double>(v.m_nValue); }
+
+}  // namespace
+
+CFormula::CFormula(const std::string& text, bool integerMode)
+    : m_strText(text), m_bIntegerMode(integerMode), m_nRoot(-1), m_bMixed(false) {
+  CFormulaParser parser(*this);
+  parser.Parse();
+}
+
+int64_t CFormula::EvaluateInteger(const std::function<int64_t(size_t)>& intVar,
+                                  const std::function<double(size_t)>& floatVar) const {
+  if (m_bMixed) return AsInt(mEvalMixed(m_nRoot, intVar));
+  if (m_bIntegerMode) return mEvalInt(m_nRoot, intVar);
+  return ToInt64(mEvalFloat(m_nRoot, floatVar));
+}
+
+double CFormula::EvaluateFloat(const std::function<int64_t(size_t)>& intVar,
+                               const std::function<double(size_t)>& floatVar) const {
+  if (m_bMixed) return AsReal(mEvalMixed(m_nRoot, intVar));
+  if (m_bIntegerMode) return static_cast<double>(mEvalInt(m_nRoot, intVar));
+  return mEvalFloat(m_nRoot, floatVar);
+}
+
+int64_t CFormula::mEvalInt(int32_t index, const std::function<int64_t(size_t)>& intVar) const {
+  const SNode& n = m_vecNodes[size_t(index)];
+  switch (n.m_eOp) {
+    case eFormulaConst: return n.m_nValue;
+    case eFormulaVariable: return intVar(size_t(n.m_nValue));
+    case eFormulaNeg: return WrapSub(0, mEvalInt(n.m_nA, intVar));
+    case eFormulaPlus: return mEvalInt(n.m_nA, intVar);
+    case eFormulaBitNot: return ~mEvalInt(n.m_nA, intVar);
+    case eFormulaAnd: return (mEvalInt(n.m_nA, intVar) != 0 && mEvalInt(n.m_nB, intVar) != 0) ? 1 : 0;
+    case eFormulaOr: return (mEvalInt(n.m_nA, intVar) != 0 || mEvalInt(n.m_nB, intVar) != 0) ? 1 : 0;
+    case eFormulaTernary:
+      return mEvalInt(mEvalInt(n.m_nA, intVar) != 0 ? n.m_nB : n.m_nC, intVar);
+    default: break;
+  }
+
+  return IntBinary(n.m_eOp, mEvalInt(n.m_nA, intVar), mEvalInt(n.m_nB, intVar), m_strText);
 }
 
 double CFormula::mEvalFloat(int32_t index, const std::function<double(size_t)>& floatVar) const {
   const SNode& n = m_vecNodes[size_t(index)];
   switch (n.m_eOp) {
-    case eFormulaConst: return n.m_dblValue;
+    case eFormulaConst:
+    case eFormulaRealConst: return n.m_dblValue;
     case eFormulaVariable: return floatVar(size_t(n.m_nValue));
     case eFormulaAnd: return Bool(mEvalFloat(n.m_nA, floatVar) != 0.0 && mEvalFloat(n.m_nB, floatVar) != 0.0);
     case eFormulaOr: return Bool(mEvalFloat(n.m_nA, floatVar) != 0.0 || mEvalFloat(n.m_nB, floatVar) != 0.0);
@@ -161,38 +209,49 @@ double CFormula::mEvalFloat(int32_t index, const std::function<double(size_t)>& 
     throw LOGICAL_ERROR_EXCEPTION("Corrupt float formula '%s'", m_strText.c_str());
   }
 
-  const double b = mEvalFloat(n.m_nB, floatVar);
+  return FloatBinary(n.m_eOp, a, mEvalFloat(n.m_nB, floatVar), m_strText);
+}
+
+SFormulaMixedValue CFormula::mEvalMixed(int32_t index, const std::function<int64_t(size_t)>& intVar) const {
+  using V = SFormulaMixedValue;
+  const SNode& n = m_vecNodes[size_t(index)];
   switch (n.m_eOp) {
-    case eFormulaAdd: return a + b;
-    case eFormulaSub: return a - b;
-    case eFormulaMul: return a * b;
-    case eFormulaDiv:
-      if (b == 0.0) throw LOGICAL_ERROR_EXCEPTION("Division by zero in formula '%s'", m_strText.c_str());
-      return a / b;
-    case eFormulaMod:
-      if (b == 0.0) throw LOGICAL_ERROR_EXCEPTION("Modulo by zero in formula '%s'", m_strText.c_str());
-      return std::fmod(a, b);
-    case eFormulaPow: return std::pow(a, b);
-    case eFormulaShl: return static_cast<double>(ShiftLeft(ToInt64(a), ToInt64(b)));
-    case eFormulaShr: return static_cast<double>(ShiftRight(ToInt64(a), ToInt64(b)));
-    case eFormulaBitAnd: return static_cast<double>(ToInt64(a) & ToInt64(b));
-    case eFormulaBitOr: return static_cast<double>(ToInt64(a) | ToInt64(b));
-    case eFormulaBitXor: return static_cast<double>(ToInt64(a) ^ ToInt64(b));
-    case eFormulaEq: return Bool(a == b);
-    case eFormulaNe: return Bool(a != b);
-    case eFormulaLt: return Bool(a < b);
-    case eFormulaLe: return Bool(a <= b);
-    case eFormulaGt: return Bool(a > b);
-    case eFormulaGe: return Bool(a >= b);
-    case eFormulaRound2: {
-      // ROUND(x, n): x rounded to n decimals (n truncated; negative n rounds
-      // to tens, hundreds, ...).
-      const double scale = std::pow(10.0, std::trunc(b));
-      return std::round(a * scale) / scale;
+    case eFormulaConst: return V{false, n.m_nValue, 0.0};
+    case eFormulaRealConst: return V{true, 0, n.m_dblValue};
+    case eFormulaVariable: return V{false, intVar(size_t(n.m_nValue)), 0.0};
+    case eFormulaAnd: return V{false, IsTrue(mEvalMixed(n.m_nA, intVar)) && IsTrue(mEvalMixed(n.m_nB, intVar)), 0.0};
+    case eFormulaOr: return V{false, IsTrue(mEvalMixed(n.m_nA, intVar)) || IsTrue(mEvalMixed(n.m_nB, intVar)), 0.0};
+    case eFormulaTernary: return mEvalMixed(IsTrue(mEvalMixed(n.m_nA, intVar)) ? n.m_nB : n.m_nC, intVar);
+    case eFormulaNeg: {
+      const V a = mEvalMixed(n.m_nA, intVar);
+      return a.m_bReal ? V{true, 0, -a.m_dblValue} : V{false, WrapSub(0, a.m_nValue), 0.0};
     }
+    case eFormulaPlus: return mEvalMixed(n.m_nA, intVar);
+    case eFormulaBitNot: return V{false, ~AsInt(mEvalMixed(n.m_nA, intVar)), 0.0};
     default: break;
   }
-  throw LOGICAL_ERROR_EXCEPTION("Corrupt float formula '%s'", m_strText.c_str());
+
+  const V a = mEvalMixed(n.m_nA, intVar);
+  const V b = mEvalMixed(n.m_nB, intVar);
+  switch (n.m_eOp) {
+    case eFormulaShl:
+    case eFormulaShr:
+    case eFormulaBitAnd:
+    case eFormulaBitOr:
+    case eFormulaBitXor:
+      return V{false, IntBinary(n.m_eOp, AsInt(a), AsInt(b), m_strText), 0.0};
+    case eFormulaEq:
+    case eFormulaNe:
+    case eFormulaLt:
+    case eFormulaLe:
+    case eFormulaGt:
+    case eFormulaGe:
+      if (a.m_bReal || b.m_bReal) return V{false, FloatBinary(n.m_eOp, AsReal(a), AsReal(b), m_strText) != 0.0, 0.0};
+      return V{false, IntBinary(n.m_eOp, a.m_nValue, b.m_nValue, m_strText), 0.0};
+    default:
+      if (a.m_bReal || b.m_bReal) return V{true, 0, FloatBinary(n.m_eOp, AsReal(a), AsReal(b), m_strText)};
+      return V{false, IntBinary(n.m_eOp, a.m_nValue, b.m_nValue, m_strText), 0.0};
+  }
 }
 
 }  // namespace detail

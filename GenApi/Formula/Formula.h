@@ -18,6 +18,7 @@ namespace detail {
 /// Operations of a compiled formula's nodes.
 enum EFormulaOp_t : uint8_t {
   eFormulaConst,     // literal or constant
+  eFormulaRealConst, // literal with a fraction or exponent in an integer formula
   eFormulaVariable,  // the node's m_nValue is the variable's index
   eFormulaNeg, eFormulaPlus, eFormulaBitNot,
   eFormulaAdd, eFormulaSub, eFormulaMul, eFormulaDiv, eFormulaMod, eFormulaPow,
@@ -30,6 +31,14 @@ enum EFormulaOp_t : uint8_t {
   eFormulaFloor, eFormulaCeil, eFormulaRound, eFormulaRound2
 };
 
+/// A value of an integer formula that holds double literals: an int64 or a
+/// double.
+struct SFormulaMixedValue {
+  bool m_bReal;
+  int64_t m_nValue;
+  double m_dblValue;
+};
+
 /// A compiled formula.
 ///
 /// Integer mode (IntSwissKnife, IntConverter): 64-bit two's-complement
@@ -37,10 +46,14 @@ enum EFormulaOp_t : uint8_t {
 /// sign of the dividend (as in C); ** with a negative exponent gives the
 /// truncated quotient (0 unless the base is 1 or -1); << and >> (arithmetic)
 /// by a count outside 0..63 shift every bit out. No functions and no
-/// constants (PI and E are plain variable names there), and only integer
-/// literals: decimal or 0x hexadecimal up to 2**64-1, wrapping, so that
-/// 0xFFFFFFFFFFFFFFFF is -1; a literal with a fraction or an exponent is a
-/// syntax error.
+/// constants (PI and E are plain variable names there). Integer literals are
+/// decimal or 0x hexadecimal up to 2**64-1, wrapping, so that
+/// 0xFFFFFFFFFFFFFFFF is -1. Device descriptions also write literals with a
+/// fraction or an exponent into integer formulas ("TO / 4.0"); such a literal
+/// is a double, and, as in C, an arithmetic operation with a double operand is
+/// done in double, comparisons compare the doubles, and bitwise operators and
+/// shifts truncate to int64. EvaluateInteger truncates a double result toward
+/// zero.
 /// Float mode (SwissKnife, Converter): double arithmetic, % is fmod, the
 /// functions SGN, NEG, ABS, SIN, COS, TAN, ASIN, ACOS, ATAN, EXP, LN, LG, SQRT,
 /// TRUNC, FLOOR, CEIL, ROUND (halves away from zero, with an optional second
@@ -103,6 +116,7 @@ private:
   friend class CFormulaParser;
 
   int64_t mEvalInt(int32_t node, const std::function<int64_t(size_t)>& intVar) const;
+  SFormulaMixedValue mEvalMixed(int32_t node, const std::function<int64_t(size_t)>& intVar) const;
   double mEvalFloat(int32_t node, const std::function<double(size_t)>& floatVar) const;
 
   std::string m_strText;
@@ -110,6 +124,7 @@ private:
   std::vector<std::string> m_vecVariables;
   std::vector<SNode> m_vecNodes;
   int32_t m_nRoot;
+  bool m_bMixed;  // an integer formula with double literals
 };
 
 }  // namespace detail

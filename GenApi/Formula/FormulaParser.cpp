@@ -58,10 +58,21 @@ void CFormulaParser::mFail(size_t pos, const std::string& reason) const {
 // ---------------------------------------------------------------------------
 // Tokenising
 
+bool CFormulaParser::mIsRealLiteral(size_t pos) const {
+  const std::string& s = m_Target.m_strText;
+  size_t end = pos;
+  while (end < s.size() && IsDigit(s[end])) ++end;
+  if (end == s.size()) return false;
+  if (s[end] == '.') return true;
+  return (s[end] == 'e' || s[end] == 'E') && end + 1 < s.size() &&
+         (IsDigit(s[end + 1]) ||
+          ((s[end + 1] == '-' || s[end + 1] == '+') && end + 2 < s.size() && IsDigit(s[end + 2])));
+}
+
 size_t CFormulaParser::mLexNumber(size_t pos) {
   const std::string& s = m_Target.m_strText;
   const bool integerMode = m_Target.m_bIntegerMode;
-  SToken tok{eTokNumber, pos, std::string(), 0, 0.0};
+  SToken tok{eTokNumber, pos, std::string(), 0, 0.0, false};
   size_t end = pos;
 
   if (s[pos] == '0' && pos + 1 < s.size() && (s[pos + 1] == 'x' || s[pos + 1] == 'X')) {
@@ -80,7 +91,7 @@ size_t CFormulaParser::mLexNumber(size_t pos) {
     // as unsigned magnitudes.
     tok.m_nValue = static_cast<int64_t>(value);
     tok.m_dblValue = static_cast<double>(value);
-  } else if (integerMode) {
+  } else if (integerMode && !mIsRealLiteral(pos)) {
     uint64_t value = 0;
     while (end < s.size() && IsDigit(s[end])) {
       const unsigned digit = unsigned(s[end] - '0');
@@ -88,9 +99,6 @@ size_t CFormulaParser::mLexNumber(size_t pos) {
       value = value * 10 + digit;
       ++end;
     }
-    if (end < s.size() && (s[end] == '.' || ((s[end] == 'e' || s[end] == 'E') && end + 1 < s.size() &&
-                                             (IsDigit(s[end + 1]) || s[end + 1] == '-' || s[end + 1] == '+'))))
-      mFail(pos, "floating-point number in an integer formula");
     // Literals up to 2**64-1 are accepted and wrap, so that the most
     // negative value can be written as -9223372036854775808.
     tok.m_nValue = static_cast<int64_t>(value);
@@ -106,6 +114,7 @@ size_t CFormulaParser::mLexNumber(size_t pos) {
     end = size_t(r.ptr - s.data());
     tok.m_dblValue = value;
     tok.m_nValue = 0;
+    tok.m_bReal = true;
   }
   if (end < s.size() && IsIdentChar(s[end])) mFail(pos, "malformed number");
   tok.m_strText = s.substr(pos, end - pos);
@@ -123,21 +132,20 @@ void CFormulaParser::mTokenize() {
     if (IsSpace(c)) {
       ++pos;
     } else if (IsDigit(c) || (c == '.' && pos + 1 < s.size() && IsDigit(s[pos + 1]))) {
-      if (c == '.' && m_Target.m_bIntegerMode) mFail(pos, "floating-point number in an integer formula");
       pos = mLexNumber(pos);
     } else if (IsIdentStart(c)) {
       size_t end = pos;
       while (end < s.size() && IsIdentChar(s[end])) ++end;
-      m_vecTokens.push_back(SToken{eTokIdentifier, pos, s.substr(pos, end - pos), 0, 0.0});
+      m_vecTokens.push_back(SToken{eTokIdentifier, pos, s.substr(pos, end - pos), 0, 0.0, false});
       pos = end;
     } else if (c == '(') {
-      m_vecTokens.push_back(SToken{eTokLParen, pos, "(", 0, 0.0});
+      m_vecTokens.push_back(SToken{eTokLParen, pos, "(", 0, 0.0, false});
       ++pos;
     } else if (c == ')') {
-      m_vecTokens.push_back(SToken{eTokRParen, pos, ")", 0, 0.0});
+      m_vecTokens.push_back(SToken{eTokRParen, pos, ")", 0, 0.0, false});
       ++pos;
     } else if (c == ',') {
-      m_vecTokens.push_back(SToken{eTokComma, pos, ",", 0, 0.0});
+      m_vecTokens.push_back(SToken{eTokComma, pos, ",", 0, 0.0, false});
       ++pos;
     } else {
       size_t len = 0;
@@ -145,11 +153,11 @@ void CFormulaParser::mTokenize() {
         if (s.compare(pos, 2, op) == 0) len = 2;
       if (len == 0 && std::strchr(kOneCharOps, c) != nullptr && c != '\0') len = 1;
       if (len == 0) mFail(pos, std::string("unexpected character '") + c + "'");
-      m_vecTokens.push_back(SToken{eTokOperator, pos, s.substr(pos, len), 0, 0.0});
+      m_vecTokens.push_back(SToken{eTokOperator, pos, s.substr(pos, len), 0, 0.0, false});
       pos += len;
     }
   }
-  m_vecTokens.push_back(SToken{eTokEnd, s.size(), std::string(), 0, 0.0});
+  m_vecTokens.push_back(SToken{eTokEnd, s.size(), std::string(), 0, 0.0, false});
 }
 
 // ---------------------------------------------------------------------------
@@ -172,6 +180,7 @@ private:
 }  // namespace
 
 void CFormulaParser::Parse() {
+  m_Target.m_bMixed = false;
   m_Target.m_vecVariables.clear();
   m_Target.m_vecNodes.clear();
   m_vecTokens.clear();
@@ -288,6 +297,12 @@ int32_t CFormulaParser::mParsePrimary() {
   const SToken& tok = mTake();
   switch (tok.m_eKind) {
     case eTokNumber:
+      if (tok.m_bReal && m_Target.m_bIntegerMode) {
+        m_Target.m_bMixed = true;
+        const int32_t node = mAddConstant(0, tok.m_dblValue);
+        m_Target.m_vecNodes[size_t(node)].m_eOp = eFormulaRealConst;
+        return node;
+      }
       return mAddConstant(tok.m_nValue, tok.m_dblValue);
     case eTokLParen: {
       const int32_t inner = mParseTernary();

@@ -35,11 +35,13 @@ private:
     std::string m_strText; // identifier or operator spelling
     int64_t m_nValue;     // integer literal
     double m_dblValue;    // float literal
+    bool m_bReal;         // a literal with a fraction or an exponent
   };
 
   // Tokenising
   void mTokenize();
   size_t mLexNumber(size_t pos);
+  bool mIsRealLiteral(size_t pos) const;
   [[noreturn]] void mFail(size_t pos, const std::string& reason) const;
 
   // One function per precedence level, lowest first

@@ -155,6 +155,33 @@ TEST(Formula, FunctionsAndConstants) {
   EXPECT_DOUBLE_EQ(Float("SQRT(ABS(-4)) + ROUND(SIN(0), 3)"), 2.0);
 }
 
+TEST(Formula, DoubleLiteralsInIntegerFormulasComputeLikeC) {
+  // Integer converters of real devices are written as "TO / 4.0" or "0.1 * TO".
+  auto var = [](int64_t v) { return [v](size_t) { return v; }; };
+  const CFormula quarter(" TO / 4.0 ", true);
+  EXPECT_EQ(quarter.GetVariableNames(), (std::vector<std::string>{"TO"}));
+  EXPECT_EQ(quarter.EvaluateInteger(var(7), nullptr), 1);
+  EXPECT_EQ(quarter.EvaluateInteger(var(-7), nullptr), -1);
+  EXPECT_EQ(quarter.EvaluateFloat(var(7), nullptr), 1.75);
+  EXPECT_EQ(CFormula("0.1 * TO", true).EvaluateInteger(var(100), nullptr), 10);
+
+  // Only the operations that meet a double operand are done in double.
+  EXPECT_EQ(CFormula("X / 4 + 0.5", true).EvaluateFloat(var(7), nullptr), 1.5);
+  EXPECT_EQ(CFormula("X / 4.0 + 0.5", true).EvaluateFloat(var(7), nullptr), 2.25);
+  EXPECT_EQ(CFormula("(X + 0.5) * 2", true).EvaluateInteger(var(3), nullptr), 7);
+  EXPECT_EQ(CFormula("9223372036854775807 + 1 + 0.5", true).EvaluateFloat(nullptr, nullptr),
+            -9223372036854775808.0 + 0.5);
+
+  const SCase cases[] = {
+      {"2.5 > 2", 1}, {"2 = 2.0", 1}, {"0.5 && 1", 1}, {"0.0 || 0", 0}, {"7.9 & 3", 3},
+      {"~1.5", -2},   {"-1.5 * 2", -3}, {"1.5e1 + 1", 16}, {".5 ? 4 : 5", 4}, {"1 ? 2.7 : 5", 2},
+      {"2 ** 0.5 * 100", 141}, {"7.5 % 2", 1}, {"1e30", kMax}, {"1 << 2.9", 4},
+  };
+  for (const SCase& c : cases) EXPECT_EQ(Int(c.m_pText), c.m_nExpected) << c.m_pText;
+  EXPECT_THROW(Int("1 / 0.0"), LogicalErrorException);
+  EXPECT_THROW(Int("1.5 % 0"), LogicalErrorException);
+}
+
 TEST(Formula, ConversionBetweenModes) {
   EXPECT_EQ(CFormula("2.7", false).EvaluateInteger(nullptr, nullptr), 2);
   EXPECT_EQ(CFormula("-2.7", false).EvaluateInteger(nullptr, nullptr), -2);
@@ -251,10 +278,8 @@ TEST(Formula, SyntaxErrorsNameTheReasonAndPosition) {
       {"SQRT(1, 2)", false, "too many arguments for function 'SQRT' at position 7"},
       {"SQRT()", false, "unexpected ')' at position 6"},
       {"SQRT(2", false, "unbalanced '(' of function 'SQRT' at position 1"},
-      {"1.5 * X", true, "floating-point number in an integer formula at position 1"},
-      {"X * .5", true, "floating-point number in an integer formula at position 5"},
-      {"2e3", true, "floating-point number in an integer formula at position 1"},
       {"12abc", true, "malformed number at position 1"},
+      {"1.5e+", true, "malformed number at position 1"},
       {"1.5e", false, "malformed number at position 1"},
       {"0x", true, "hexadecimal number without digits at position 1"},
       {"0x1G", true, "malformed number at position 1"},
