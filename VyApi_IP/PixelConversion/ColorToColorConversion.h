@@ -25,7 +25,7 @@ template <typename X, typename Y, int SC, int DC, bool Swap>
 VY_KERNEL_INLINE void ConverterBGRxToBGRx_t(const void* pSrc, size_t nSrcLinePitch, void* pDest,
                                             size_t nDestLinePitch, size_t nWidth, size_t nHeight,
                                             const uint16_t* pTable, bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   constexpr int C0 = Swap ? 2 : 0;
   constexpr int C2 = Swap ? 0 : 2;
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);

@@ -25,7 +25,7 @@ VY_KERNEL_INLINE uint32_t MonoFromRGB(uint32_t r, uint32_t g, uint32_t b) { retu
 template <typename X, typename Y, int SC, bool BGR>
 VY_KERNEL_INLINE void ConverterBGRToMono_t(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
                                            size_t nWidth, size_t nHeight, const uint16_t* pTable, bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   constexpr int R = BGR ? 2 : 0;
   constexpr int B = BGR ? 0 : 2;
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);

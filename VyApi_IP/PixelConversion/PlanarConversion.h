@@ -33,7 +33,7 @@ VY_KERNEL_INLINE void ConverterMonoToPlanar_t(const void* pSrc, size_t nSrcLineP
                                               size_t nDestLinePitch, size_t nDestPlanePitch, size_t nWidth,
                                               size_t nHeight, size_t nInputBitCount, const uint16_t* pTable,
                                               bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   uint8_t* pPlane[3] = {static_cast<uint8_t*>(pDest), static_cast<uint8_t*>(pDest) + nDestPlanePitch,
                         static_cast<uint8_t*>(pDest) + 2 * nDestPlanePitch};
   CDestLines dest0(pPlane[0], nDestLinePitch, nHeight, bReverseY);
@@ -68,7 +68,7 @@ VY_KERNEL_INLINE void ConverterPlanarToPlanar_t(const void* pSrc, size_t nSrcLin
                                                 void* pDest, size_t nDestLinePitch, size_t nDestPlanePitch,
                                                 size_t nWidth, size_t nHeight, size_t nInputBitCount,
                                                 const uint16_t* pTable, bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   const uint8_t* pSrcPlane = static_cast<const uint8_t*>(pSrc);
   uint8_t* pDestPlane = static_cast<uint8_t*>(pDest);
   if (pTable != nullptr) {
@@ -106,7 +106,7 @@ VY_KERNEL_INLINE void ConverterNonPlanarToPlanar_t(const void* pSrc, size_t nSrc
                                                    size_t nDestLinePitch, size_t nDestPlanePitch, size_t nWidth,
                                                    size_t nHeight, size_t nInputBitCount, const uint16_t* pTable,
                                                    bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   constexpr int R = BGR ? 2 : 0;
   constexpr int B = BGR ? 0 : 2;
   uint8_t* pBase = static_cast<uint8_t*>(pDest);
@@ -146,7 +146,7 @@ template <typename X, typename Y, int DC, bool BGR>
 VY_KERNEL_INLINE void ConverterPlanarToNonPlanar_t(const void* pSrc, size_t nSrcLinePitch, size_t nSrcPlanePitch,
                                                    void* pDest, size_t nDestLinePitch, size_t nWidth, size_t nHeight,
                                                    size_t nInputBitCount, const uint16_t* pTable, bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   constexpr int R = BGR ? 2 : 0;
   constexpr int B = BGR ? 0 : 2;
   const uint8_t* pBase = static_cast<const uint8_t*>(pSrc);

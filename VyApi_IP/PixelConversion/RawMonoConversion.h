@@ -26,7 +26,7 @@ template <typename X, typename Y>
 VY_KERNEL_INLINE void ConverterRawMonoXToRawMonoY_t(const void* pSrc, size_t nSrcLinePitch, void* pDest,
                                                      size_t nDestLinePitch, size_t nWidth, size_t nHeight,
                                                      size_t nInputBitCount, const uint16_t* pTable, bool bReverseY) {
-  VY_ASSERT(pTable != nullptr || std::is_same<X, Y>::value);
+  VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
   for (size_t y = 0; y < nHeight; ++y, dest.Next()) {
     const X* __restrict pxSrcCurLine = SrcLine<X>(pSrc, nSrcLinePitch, y);
