@@ -118,6 +118,9 @@ bool TransformToYCbCr(EVyPixelFormatNamingConvention_t eSrcFormat, const uint8_t
     return TransformBayer8ToYCbCr422(eSrcFormat, pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight,
                                      bReverseY);
   }
+  // Other one-component sources (mono, deeper Bayer) are not read as colour;
+  // the converter reaches this road with them only after a step to 8 bits.
+  if ((static_cast<uint32_t>(eSrcFormat) >> 24) == 0x01) return false;
   const SYCbCrFormat* pFormat = FindYCbCrFormat(eDestFormat);
   if (pFormat == nullptr) return false;
   const PFWriteColor pfKernel = WithLayout(*pFormat, [&](auto layout) {

@@ -50,7 +50,9 @@ bool TransformYCbCrToMono(EVyPixelFormatNamingConvention_t eSrcFormat, const uin
 ///   in the order bSrcBGROrder (BGR8, RGB8, BGRa8, RGBa8), to any of the 18
 ///   formats.
 /// Returns false, writing nothing, when eDestFormat is not a YCbCr or YUV
-/// format, or the source is Bayer and the destination other than YCbCr422_8.
+/// format, when the source is Bayer8 and the destination other than
+/// YCbCr422_8, or when the source is another one-component format (mono,
+/// Bayer deeper than 8 bits).
 /// Raises BadAllocException with the standard text when the Bayer road's work
 /// rows cannot be allocated. A component count other than 3 or 4 for a
 /// non-Bayer source is an assertion.
