@@ -49,23 +49,23 @@ VY_KERNEL_INLINE void ConverterBGRxToBGRx_t(const void* pSrc, size_t nSrcLinePit
 }
 
 /// Between BGR8, RGB8, BGRa8, RGBa8; always copies (pTable null). Raises nothing.
-void ConverterBGRx8ToBGRx8(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                           size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, size_t nDestComponentCount,
-                           bool bDestBGROrder, const uint16_t* pTable, bool bReverseY);
+void ConverterBGRx8ToBGRx8(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder, void* pDest,
+                           size_t nDestLinePitch, size_t nDestComponentCount, bool bDestBGROrder, size_t nWidth,
+                           size_t nHeight, const uint16_t* pTable, bool bReverseY);
 /// 8-bit colour to 16-bit colour; pTable (8 -> destination depth) required.
 /// Raises nothing.
-void ConverterBGRx8ToBGRx16(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                            size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, size_t nDestComponentCount,
-                            bool bDestBGROrder, const uint16_t* pTable, bool bReverseY);
+void ConverterBGRx8ToBGRx16(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder, void* pDest,
+                           size_t nDestLinePitch, size_t nDestComponentCount, bool bDestBGROrder, size_t nWidth,
+                           size_t nHeight, const uint16_t* pTable, bool bReverseY);
 /// 16-bit colour to 8-bit colour; pTable (source depth -> 8) required.
 /// Raises nothing.
-void ConverterBGRx16ToBGRx8(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                            size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, size_t nDestComponentCount,
-                            bool bDestBGROrder, const uint16_t* pTable, bool bReverseY);
+void ConverterBGRx16ToBGRx8(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder, void* pDest,
+                           size_t nDestLinePitch, size_t nDestComponentCount, bool bDestBGROrder, size_t nWidth,
+                           size_t nHeight, const uint16_t* pTable, bool bReverseY);
 /// Between 16-bit colour formats; copies when pTable is null. Raises nothing.
-void ConverterBGRxWToBGRxW(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                           size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, size_t nDestComponentCount,
-                           bool bDestBGROrder, const uint16_t* pTable, bool bReverseY);
+void ConverterBGRxWToBGRxW(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder, void* pDest,
+                           size_t nDestLinePitch, size_t nDestComponentCount, bool bDestBGROrder, size_t nWidth,
+                           size_t nHeight, const uint16_t* pTable, bool bReverseY);
 
 }  // namespace PixelConversion
 }  // namespace VyApi

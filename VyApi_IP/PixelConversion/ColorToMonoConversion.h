@@ -47,17 +47,17 @@ VY_KERNEL_INLINE void ConverterBGRToMono_t(const void* pSrc, size_t nSrcLinePitc
 }
 
 /// BGR8, RGB8, BGRa8, RGBa8 to Mono8 (pTable null). Raises nothing.
-void ConverterBGR8ToMono8(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                          size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, const uint16_t* pTable,
+void ConverterBGR8ToMono8(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder,
+                          void* pDest, size_t nDestLinePitch, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                           bool bReverseY);
 /// 16-bit colour to 16-bit mono; pTable null for equal depths. Raises nothing.
-void ConverterBGR16ToMono16(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                            size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, const uint16_t* pTable,
-                            bool bReverseY);
+void ConverterBGR16ToMono16(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder,
+                          void* pDest, size_t nDestLinePitch, size_t nWidth, size_t nHeight, const uint16_t* pTable,
+                          bool bReverseY);
 /// 16-bit colour to Mono8; pTable (source depth -> 8) required. Raises nothing.
-void ConverterBGR16ToMono8(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch, size_t nWidth,
-                           size_t nHeight, size_t nSrcComponentCount, bool bSrcBGROrder, const uint16_t* pTable,
-                           bool bReverseY);
+void ConverterBGR16ToMono8(const void* pSrc, size_t nSrcLinePitch, size_t nSrcComponentCount, bool bSrcBGROrder,
+                          void* pDest, size_t nDestLinePitch, size_t nWidth, size_t nHeight, const uint16_t* pTable,
+                          bool bReverseY);
 
 }  // namespace PixelConversion
 }  // namespace VyApi

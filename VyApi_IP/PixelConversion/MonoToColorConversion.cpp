@@ -6,8 +6,8 @@ namespace PixelConversion {
 namespace {
 template <typename X, typename Y>
 VY_KERNEL_INLINE void monoToBGR(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                                size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
-                                bool bReverseY) {
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
+                              bool bReverseY) {
   WithComponentCount(nDestComponentCount, [&](auto dc) {
     ConverterMonoToBGR_t<X, Y, decltype(dc)::value>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight,
                                                      pTable, bReverseY);
@@ -17,26 +17,26 @@ VY_KERNEL_INLINE void monoToBGR(const void* pSrc, size_t nSrcLinePitch, void* pD
 
 VY_KERNEL_CLONES
 void ConverterMonoB2BGRB_RGBB(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                              size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                               bool bReverseY) {
-  monoToBGR<uint8_t, uint8_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, nDestComponentCount,
+  monoToBGR<uint8_t, uint8_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nDestComponentCount, nWidth, nHeight,
                               pTable, bReverseY);
 }
 
 VY_KERNEL_CLONES
 void ConverterMonoB2BGRW_RGBW(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                              size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                               bool bReverseY) {
-  monoToBGR<uint8_t, uint16_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, nDestComponentCount,
-                               pTable, bReverseY);
+  monoToBGR<uint8_t, uint16_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nDestComponentCount, nWidth, nHeight,
+                              pTable, bReverseY);
 }
 
 VY_KERNEL_CLONES
 void ConverterMonoW2BGRW_RGBW(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                              size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                               bool bReverseY) {
-  monoToBGR<uint16_t, uint16_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, nDestComponentCount,
-                                pTable, bReverseY);
+  monoToBGR<uint16_t, uint16_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nDestComponentCount, nWidth, nHeight,
+                              pTable, bReverseY);
 }
 
 }  // namespace PixelConversion

@@ -47,17 +47,17 @@ VY_KERNEL_INLINE void ConverterMonoToBGR_t(const void* pSrc, size_t nSrcLinePitc
 /// Mono8 to BGR8, RGB8, BGRa8, RGBa8 (always equal depths: pTable null).
 /// Raises nothing.
 void ConverterMonoB2BGRB_RGBB(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                              size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                               bool bReverseY);
 /// Mono8 to a 16-bit colour format; pTable (8 -> destination depth) required.
 /// Raises nothing.
 void ConverterMonoB2BGRW_RGBW(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                              size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                               bool bReverseY);
 /// 16-bit mono to a 16-bit colour format; pTable null for equal depths.
 /// Raises nothing.
 void ConverterMonoW2BGRW_RGBW(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                              size_t nWidth, size_t nHeight, size_t nDestComponentCount, const uint16_t* pTable,
+                              size_t nDestComponentCount, size_t nWidth, size_t nHeight, const uint16_t* pTable,
                               bool bReverseY);
 
 }  // namespace PixelConversion

@@ -28,6 +28,18 @@
 namespace VyApi {
 namespace PixelConversion {
 
+/// Finds the first sample of a planar line at or above 2^nInputBitCount and
+/// stops there, naming its plane.
+template <typename X>
+inline void checkPlanarLine(const X* pxSrcPlane0, const X* pxSrcPlane1, const X* pxSrcPlane2, size_t nWidth,
+                            size_t nInputBitCount) {
+  for (size_t x = 0; x < nWidth; ++x, ++pxSrcPlane0, ++pxSrcPlane1, ++pxSrcPlane2) {
+    VY_ASSERT(*pxSrcPlane0 < (1 << nInputBitCount));
+    VY_ASSERT(*pxSrcPlane1 < (1 << nInputBitCount));
+    VY_ASSERT(*pxSrcPlane2 < (1 << nInputBitCount));
+  }
+}
+
 template <typename X, typename Y>
 VY_KERNEL_INLINE void ConverterMonoToPlanar_t(const void* pSrc, size_t nSrcLinePitch, void* pDest,
                                               size_t nDestLinePitch, size_t nDestPlanePitch, size_t nWidth,
@@ -79,11 +91,7 @@ VY_KERNEL_INLINE void ConverterPlanarToPlanar_t(const void* pSrc, size_t nSrcLin
       if (LineHasBitsAbove(pxSrcPlane0, nWidth, nInputBitCount) ||
           LineHasBitsAbove(pxSrcPlane1, nWidth, nInputBitCount) ||
           LineHasBitsAbove(pxSrcPlane2, nWidth, nInputBitCount)) {
-        for (size_t x = 0; x < nWidth; ++x, ++pxSrcPlane0, ++pxSrcPlane1, ++pxSrcPlane2) {
-          VY_ASSERT(*pxSrcPlane0 < (1 << nInputBitCount));
-          VY_ASSERT(*pxSrcPlane1 < (1 << nInputBitCount));
-          VY_ASSERT(*pxSrcPlane2 < (1 << nInputBitCount));
-        }
+        checkPlanarLine(pxSrcPlane0, pxSrcPlane1, pxSrcPlane2, nWidth, nInputBitCount);
       }
     }
   }
@@ -160,11 +168,7 @@ VY_KERNEL_INLINE void ConverterPlanarToNonPlanar_t(const void* pSrc, size_t nSrc
       if (LineHasBitsAbove(pxSrcPlane0, nWidth, nInputBitCount) ||
           LineHasBitsAbove(pxSrcPlane1, nWidth, nInputBitCount) ||
           LineHasBitsAbove(pxSrcPlane2, nWidth, nInputBitCount)) {
-        for (size_t x = 0; x < nWidth; ++x) {
-          VY_ASSERT(*(pxSrcPlane0 + x) < (1 << nInputBitCount));
-          VY_ASSERT(*(pxSrcPlane1 + x) < (1 << nInputBitCount));
-          VY_ASSERT(*(pxSrcPlane2 + x) < (1 << nInputBitCount));
-        }
+        checkPlanarLine(pxSrcPlane0, pxSrcPlane1, pxSrcPlane2, nWidth, nInputBitCount);
       }
       for (size_t x = 0; x < nWidth; ++x) {
         pd[DC * x + R] = static_cast<Y>(pTable[pxSrcPlane0[x]]);
