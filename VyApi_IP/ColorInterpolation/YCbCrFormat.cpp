@@ -39,15 +39,20 @@ constexpr SFormatGroup FormatGroups[] = {
      {VyPixelFormat_YCbCr709_411_8_CbYYCrYY, VyPixelFormat_Undefined}},
 };
 
+constexpr size_t CountFormats() {
+  size_t n = 0;
+  for (const SFormatGroup& g : FormatGroups)
+    for (EVyPixelFormatNamingConvention_t e : g.aeFormat) n += e != VyPixelFormat_Undefined;
+  return n;
+}
+static_assert(CountFormats() == YCbCrFormatCount, "every YCbCr and YUV format has one group");
+
 constexpr std::array<SYCbCrFormat, YCbCrFormatCount> MakeFormats() {
   std::array<SYCbCrFormat, YCbCrFormatCount> a{};
   size_t n = 0;
   for (const SFormatGroup& g : FormatGroups)
     for (EVyPixelFormatNamingConvention_t e : g.aeFormat)
       if (e != VyPixelFormat_Undefined) a[n++] = SYCbCrFormat{e, g.eSubsampling, g.eFamily, g.bCbFirst};
-  // A wrong count makes an out-of-bounds write above or a zero row here,
-  // either of which stops the constant evaluation.
-  if (n != YCbCrFormatCount) throw "YCbCr format count";
   return a;
 }
 
