@@ -61,13 +61,8 @@ std::vector<std::string> DescriptionFiles() {
 }
 
 std::vector<SDescribedFormula> ExtractFormulas(const std::vector<std::string>& files) {
-  const std::string script = std::filesystem::temp_directory_path() / "vy_formula_extract.py";
-  FILE* out = std::fopen(script.c_str(), "w");
-  if (out == nullptr) return {};
-  std::fputs(kExtractor, out);
-  std::fclose(out);
-
-  std::string command = "/usr/bin/python3 '" + script + "'";
+  // The script holds no single quote, so the shell passes it through as is.
+  std::string command = std::string("/usr/bin/python3 -c '") + kExtractor + "'";
   for (const std::string& f : files) command += " '" + f + "'";
   std::vector<SDescribedFormula> formulas;
   FILE* pipe = popen(command.c_str(), "r");
@@ -78,20 +73,16 @@ std::vector<SDescribedFormula> ExtractFormulas(const std::vector<std::string>& f
     line += buffer;
     if (line.empty() || line.back() != '\n') continue;
     line.pop_back();
-    char mode[2] = {0, 0};
     std::vector<std::string> fields;
     size_t start = 0;
     for (size_t pos; (pos = line.find(' ', start)) != std::string::npos; start = pos + 1)
       fields.push_back(line.substr(start, pos - start));
     fields.push_back(line.substr(start));
-    if (fields.size() == 5) {
-      mode[0] = fields[0][0];
-      formulas.push_back(SDescribedFormula{mode[0] == 'I', fields[1], fields[2], fields[3], FromHex(fields[4])});
-    }
+    if (fields.size() == 5)
+      formulas.push_back(SDescribedFormula{fields[0] == "I", fields[1], fields[2], fields[3], FromHex(fields[4])});
     line.clear();
   }
   pclose(pipe);
-  std::remove(script.c_str());
   return formulas;
 }
 
