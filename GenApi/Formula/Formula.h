@@ -78,9 +78,9 @@ public:
   /// quotes the formula and names the 1-based character position.
   CFormula(const std::string& text, bool integerMode);
 
-  /// The formula text as given.
+  /// The formula text as given. Raises nothing.
   const std::string& GetText() const { return m_strText; }
-  /// True when compiled for integer arithmetic.
+  /// True when compiled for integer arithmetic. Raises nothing.
   bool IsIntegerMode() const { return m_bIntegerMode; }
 
   /// Every identifier the formula uses as a variable (dotted names such as
@@ -93,7 +93,8 @@ public:
   /// mode; the other source is never called and may be empty. A source is
   /// called for every occurrence that evaluation reaches (operands that &&,
   /// || and ?: skip are not read). Raises GenICam_3_0::LogicalErrorException on a
-  /// division or modulo by zero; lets whatever a source raises pass.
+  /// division or modulo by zero (0 ** negative in integer arithmetic counts as
+  /// one); lets whatever a source raises pass.
   /// EvaluateInteger of a float formula truncates the result toward zero
   /// (saturating at the int64 range, NaN gives 0); EvaluateFloat of an
   /// integer formula converts the result to double.
