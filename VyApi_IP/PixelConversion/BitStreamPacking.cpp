@@ -5,6 +5,7 @@
 #include <VyApi_IP/VyReporter.h>
 
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/SimdLineKernels.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -41,13 +42,19 @@ VY_KERNEL_INLINE void unpackLine(const uint8_t* __restrict pSrc, Y* __restrict p
   const size_t nLineBytes = (nWidth * N + 7) / 8;
   const size_t nGroups = nLineBytes >= 8 ? (nLineBytes - 8) / kBytes + 1 : 0;
   const size_t nFastGroups = nGroups < nWidth / kPixels ? nGroups : nWidth / kPixels;
-  for (size_t g = 0; g < nFastGroups; ++g) {
+  size_t g = 0;
+  if constexpr (N == 12 && !UseTable) {
+    // The vector body stops on a multiple of 8 pixels, thus on a whole group.
+    static_assert(8 % kPixels == 0, "the vector body must end on a group");
+    g = SimdUnpack12pLine(pSrc, pDest, nWidth) / kPixels;
+  }
+  for (; g < nFastGroups; ++g) {
     uint64_t w;
     std::memcpy(&w, pSrc + g * kBytes, sizeof(w));
     for (int k = 0; k < kPixels; ++k) store(pDest + g * kPixels + k, uint32_t(w >> (k * N)) & kMask);
   }
-  size_t x = nFastGroups * kPixels;
-  const uint8_t* p = pSrc + nFastGroups * kBytes;
+  size_t x = g * kPixels;
+  const uint8_t* p = pSrc + g * kBytes;
   uint32_t nAcc = 0;
   int nFill = 0;
   for (; x < nWidth; ++x) {

@@ -13,10 +13,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <type_traits>
 
 #include "PixelConversion/ColorLayout.h"
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/SimdLineKernels.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -39,7 +41,14 @@ VY_KERNEL_INLINE void ConverterBGRxToBGRx_t(const void* pSrc, size_t nSrcLinePit
         pxDest[DC * x + 2] = static_cast<Y>(pTable[pxSrc[SC * x + C2]]);
       }
     } else {
-      for (size_t x = 0; x < nWidth; ++x) {
+      size_t x = 0;
+      if constexpr (std::is_same<X, Y>::value && SC == 3 && DC == 3 && !Swap) {
+        std::memcpy(pxDest, pxSrc, 3 * nWidth * sizeof(X));
+        x = nWidth;
+      } else if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value && SC == 3 && DC == 3) {
+        x = SimdSwapRB8Line(pxSrc, pxDest, nWidth);
+      }
+      for (; x < nWidth; ++x) {
         pxDest[DC * x] = static_cast<Y>(pxSrc[SC * x + C0]);
         pxDest[DC * x + 1] = static_cast<Y>(pxSrc[SC * x + 1]);
         pxDest[DC * x + 2] = static_cast<Y>(pxSrc[SC * x + C2]);

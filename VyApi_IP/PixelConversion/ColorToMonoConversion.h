@@ -15,6 +15,7 @@
 
 #include "PixelConversion/ColorLayout.h"
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/SimdLineKernels.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -38,7 +39,10 @@ VY_KERNEL_INLINE void ConverterBGRToMono_t(const void* pSrc, size_t nSrcLinePitc
         pxDest[x] = static_cast<Y>(pTable[MonoFromRGB(p[R], p[1], p[B])]);
       }
     } else {
-      for (size_t x = 0; x < nWidth; ++x) {
+      size_t x = 0;
+      if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value && SC == 3)
+        x = SimdBGR8ToMono8Line(pxSrc, pxDest, nWidth, BGR);
+      for (; x < nWidth; ++x) {
         const X* p = pxSrc + SC * x;
         pxDest[x] = static_cast<Y>(MonoFromRGB(p[R], p[1], p[B]));
       }

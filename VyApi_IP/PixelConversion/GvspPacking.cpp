@@ -3,6 +3,7 @@
 #include <VyApi_IP/VyReporter.h>
 
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/SimdLineKernels.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -17,7 +18,9 @@ VY_KERNEL_INLINE void gevUnpackLine(const uint8_t* __restrict pSrc, Y* __restric
                                     const uint16_t* __restrict pTable) {
   constexpr uint32_t kMask = (uint32_t(1) << S) - 1;
   const size_t nPairs = nWidth / 2;
-  for (size_t i = 0; i < nPairs; ++i) {
+  size_t i = 0;
+  if constexpr (!UseTable) i = SimdUnpackGvspLine(pSrc, pDest, nWidth, S) / 2;
+  for (; i < nPairs; ++i) {
     const uint32_t b0 = pSrc[3 * i];
     const uint32_t b1 = pSrc[3 * i + 1];
     const uint32_t b2 = pSrc[3 * i + 2];

@@ -254,3 +254,20 @@ TEST(RangeCheck, ValidSamplesAtTheTopOfTheRangePass) {
   ConverterBGR16ToMono8(bgra.data(), 8, 4, true, b.data(), 1, 1, 1, t.Get(), false);
   EXPECT_EQ(b[0], 255);
 }
+
+TEST(MonoFromColor, LongLinesGiveTheScalarRuleInEveryPixel) {
+  // 37 pixels: two vector blocks of 16 and a scalar tail, in both orders.
+  const size_t w = 37, h = 3, sp = 3 * w + 1;
+  Bytes src(sp * h);
+  for (size_t i = 0; i < src.size(); ++i) src[i] = uint8_t((i * 97 + 13) ^ (i >> 3));
+  for (bool bgr : {true, false}) {
+    Bytes out(w * h);
+    ConverterBGR8ToMono8(src.data(), sp, 3, bgr, out.data(), w, w, h, nullptr, false);
+    for (size_t y = 0; y < h; ++y)
+      for (size_t x = 0; x < w; ++x) {
+        const uint8_t* p = &src[y * sp + 3 * x];
+        const uint32_t r = bgr ? p[2] : p[0], g = p[1], b = bgr ? p[0] : p[2];
+        ASSERT_EQ(out[y * w + x], (2 * r + 5 * g + b) / 8) << "x " << x << (bgr ? " BGR" : " RGB");
+      }
+  }
+}
