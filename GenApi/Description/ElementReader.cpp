@@ -232,6 +232,10 @@ void CElementReader::PointerList(const char* pName, std::vector<CNodeBase*>& Out
   }
 }
 
+void CElementReader::Links(const char* pName, ELink_t Link) {
+  for (const SElement* e : TakeAll(pName)) Reference(*e, pName, e->m_strText, Link, nullptr);
+}
+
 void CElementReader::Finish() {
   for (size_t i = 0; i < m_vecTaken.size(); ++i) {
     if (!m_vecTaken[i]) {

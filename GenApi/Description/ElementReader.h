@@ -54,6 +54,8 @@ public:
   bool Pointer(const char* pName, CNodeBase*& Out, ELink_t Link = lkReads);
   /// Every pointer element of that name, appended to Out in order.
   void PointerList(const char* pName, std::vector<CNodeBase*>& Out, ELink_t Link = lkReads);
+  /// Every pointer element of that name, recorded as links only.
+  void Links(const char* pName, ELink_t Link);
   /// Queues a reference by name (for attributes such as pOffset).
   void Reference(const SElement& Element, const std::string& What, const std::string& Target, ELink_t Link,
                  std::function<void(CNodeBase*)> Bind);

@@ -42,16 +42,14 @@ void CNodeBase::mReadElements(CElementReader& r) {
   r.Pointer("pIsImplemented", m_pIsImplemented, lkReads);
   r.Pointer("pIsAvailable", m_pIsAvailable, lkReads);
   r.Pointer("pIsLocked", m_pIsLocked, lkReads);
-  CNodeBase* pBlock = nullptr;
-  r.Pointer("pBlockPolling", pBlock, lkPlain);
+  r.Links("pBlockPolling", lkPlain);
   r.AccessMode("ImposedAccessMode", m_eImposedAccessMode);
   r.PointerList("pError", m_vecErrors, lkPlain);
   r.Pointer("pAlias", m_pAlias, lkPlain);
   r.Pointer("pCastAlias", m_pCastAlias, lkPlain);
   r.YesNo("Streamable", m_bStreamable);
-  std::vector<CNodeBase*> dummy;
-  r.PointerList("pInvalidator", dummy, lkInvalidator);
-  r.PointerList("pSelected", dummy, lkSelected);
+  r.Links("pInvalidator", lkInvalidator);
+  r.Links("pSelected", lkSelected);
   int64_t poll;
   if (r.Int("PollingTime", poll)) m_nPollingTime = poll;
 }

@@ -14,8 +14,7 @@ void CPortNode::mReadElements(CElementReader& r) {
   CNodeBase::mReadElements(r);
   std::string s;
   r.Text("ChunkID", s);
-  CNodeBase* p = nullptr;
-  r.Pointer("pChunkID", p, lkPlain);
+  r.Links("pChunkID", lkPlain);
   r.YesNo("SwapEndianess", m_bSwapEndianess);
   bool b;
   r.YesNo("CacheChunkData", b);

@@ -18,6 +18,7 @@ void CRegisterBase::mReadElements(CElementReader& r) {
     if (!CElementReader::ParseInt(e->m_strText, v)) r.Fail(e, "Address '" + e->m_strText + "' is not an integer");
     m_vecAddresses.push_back(v);
   }
+  const bool hasAddressNode = r.Has("pAddress");
   r.PointerList("pAddress", m_vecAddressNodes, lkReads);
   m_vecIndices.resize(r.TakeAll("pIndex").size());
   // The indices are bound in a second pass, once the vector no longer moves.
@@ -37,11 +38,11 @@ void CRegisterBase::mReadElements(CElementReader& r) {
       pIdx->m_bHasOffset = true;
     }
   }
-  if (m_vecAddresses.empty() && m_vecAddressNodes.empty() && m_vecIndices.empty())
+  if (m_vecAddresses.empty() && !hasAddressNode && m_vecIndices.empty())
     r.FailMissing("Address, pAddress or pIndex");
   r.IntProperty("Length", "pLength", m_Length, true);
-  if (!m_Length.IsPointer() && (m_Length.GetInt() <= 0))
-    r.Fail(nullptr, "Length must be positive");
+  // Chunk registers of some devices declare Length 0 (the chunk sets it).
+  if (!m_Length.IsPointer() && (m_Length.GetInt() < 0)) r.Fail(nullptr, "Length must not be negative");
   r.AccessMode("AccessMode", m_eAccessMode);
   if (!r.Pointer("pPort", m_pPortNode, lkPlain)) r.FailMissing("pPort");
   r.CachingMode("Cachable", m_eCachingMode);
