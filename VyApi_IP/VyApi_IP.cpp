@@ -7,6 +7,7 @@
 #include <VyApi_IP/VyReporter.h>
 
 #include "VyGammaCorrectionFilter.h"
+#include "VyPixelFormatConverter.h"
 
 void* m_hModule = nullptr;
 
@@ -51,7 +52,16 @@ IVyFilterReleasable* CreateIVyFilter(EVyFilterType_t eType) {
 IVyConverterReleasable* CreateIVyConverter(EVyConverterType_t eType) {
   CheckVyApiInitialized();
   CheckType("CreateIVyConverter", eType, VyConverterType_Count);
-  NotAvailable("converter", eType);
+  try {
+    switch (eType) {
+      case VyConverterType_PixelFormat:
+        return static_cast<IVyConverterReleasable*>(new CVyPixelFormatConverter());
+      default:
+        NotAvailable("converter", eType);
+    }
+  } catch (const std::bad_alloc& e) {
+    throw VY_BAD_ALLOC_EXCEPTION("%s", e.what());
+  }
 }
 
 IVyFilerReleasable* CreateIVyFiler(EVyFilerType_t eType) {

@@ -14,6 +14,7 @@
 #include <VyApi_IP/IVyConverter.h>
 #include <VyApi_IP/IVyFiler.h>
 #include <VyApi_IP/IVyGammaCorrectionFilter.h>
+#include <VyApi_IP/IVyPixelFormatConverter.h>
 #include <VyApi_IP/VyAutoPtr.h>
 #include <VyApi_IP/VyAutoPtrArray.h>
 #include <VyApi_IP/VyFilterPtrList.h>
