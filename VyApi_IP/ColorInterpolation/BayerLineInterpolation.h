@@ -7,27 +7,33 @@
 #define VYAPI_IP_COLORINTERPOLATION_BAYERLINEINTERPOLATION_H
 
 #include <cstddef>
+#include <cstdint>
+#include <type_traits>
 
 namespace VyApi {
 
 template <typename Sample>
 class CBayerLineInterpolation {
 public:
+  /// Arithmetic type of the kernel: every intermediate of 8-bit samples
+  /// fits 16 bits (at most 2 x 255 + 255 / 2), which doubles the lanes.
+  typedef typename std::conditional<sizeof(Sample) == 1, int16_t, int32_t>::type Wide;
+
   /// The kernel (-1, 5, 5, -1) / 8 on near samples a, b and outer samples
   /// e, f, each part truncated on its own, limited to 0 and nMax.
-  static inline Sample Kernel(int a, int b, int e, int f, int nMax) {
-    const int s = a + b;
-    const int t = (e + f) >> 3;
-    const int p = (s >> 3) + (s >> 1);
-    const int v = p - t;
-    return static_cast<Sample>(p <= t ? 0 : (v < nMax ? v : nMax));
+  static inline Sample Kernel(Wide a, Wide b, Wide e, Wide f, Wide nMax) {
+    const Wide s = static_cast<Wide>(a + b);
+    const Wide t = static_cast<Wide>((e + f) >> 3);
+    const Wide p = static_cast<Wide>((s >> 3) + (s >> 1));
+    const Wide v = static_cast<Wide>(p - t);
+    return static_cast<Sample>(p <= t ? Wide(0) : (v < nMax ? v : nMax));
   }
 
   static inline Sample Mean(unsigned a, unsigned b) { return static_cast<Sample>((a + b) >> 1); }
 
   /// The rule at any column c of a line of width w >= 2.
   template <unsigned SiteParity, bool BiCubic>
-  static inline Sample At(const Sample* s, size_t c, size_t w, int nMax) {
+  static inline Sample At(const Sample* s, size_t c, size_t w, Wide nMax) {
     if ((c & 1) == SiteParity) return s[c];
     if (c == 0) return s[1];
     if (c == w - 1) return s[w - 2];
@@ -37,7 +43,7 @@ public:
 
   /// The whole line into pOut[0..w-1].
   template <unsigned SiteParity, bool BiCubic>
-  static void Line(const Sample* __restrict s, Sample* __restrict pOut, size_t w, int nMax) {
+  VY_BAYER_KERNEL static void Line(const Sample* __restrict s, Sample* __restrict pOut, size_t w, Wide nMax) {
     constexpr size_t q = SiteParity;
     // Middle pairs (site 2k + q, non-site 2k + q + 1) where the non-site
     // needs no border rule.

@@ -32,7 +32,7 @@ public:
   }
 
   /// The whole line r (samples s) with partner line t into three planes.
-  static void Line(const Sample* __restrict s, const Sample* __restrict t, Sample* __restrict pOwn,
+  VY_BAYER_KERNEL static void Line(const Sample* __restrict s, const Sample* __restrict t, Sample* __restrict pOwn,
                    Sample* __restrict pPart, Sample* __restrict pG, size_t w) {
     const size_t nPairs = (w - 1) / 2;  // pairs (2k, 2k + 1) whose windows end inside the line
     for (size_t k = 0; k < nPairs; ++k) {

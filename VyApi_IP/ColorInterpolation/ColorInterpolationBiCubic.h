@@ -75,13 +75,13 @@ private:
   }
 
   /// Pass 1 for source line r: its non-green colour, and its green.
-  static void mColourLine(const SBayerJob& job, size_t r, Sample* pOut, int nMax) {
+  static void mColourLine(const SBayerJob& job, size_t r, Sample* pOut, typename Interp::Wide nMax) {
     if (r & 1)
       Interp::template Line<BayerLineColourParity(Phase, 1), true>(job.SrcLine<Sample>(r), pOut, job.nWidth, nMax);
     else
       Interp::template Line<BayerLineColourParity(Phase, 0), true>(job.SrcLine<Sample>(r), pOut, job.nWidth, nMax);
   }
-  static void mGreenLine(const SBayerJob& job, size_t r, Sample* pOut, int nMax) {
+  static void mGreenLine(const SBayerJob& job, size_t r, Sample* pOut, typename Interp::Wide nMax) {
     if (r & 1)
       Interp::template Line<1 - BayerLineColourParity(Phase, 1), true>(job.SrcLine<Sample>(r), pOut, job.nWidth,
                                                                         nMax);
@@ -90,13 +90,15 @@ private:
                                                                         nMax);
   }
 
-  static int mMax(const SBayerJob& job) { return static_cast<int>((1u << job.nBitDepth) - 1u); }
+  static typename Interp::Wide mMax(const SBayerJob& job) {
+    return static_cast<typename Interp::Wide>((1u << job.nBitDepth) - 1u);
+  }
 
   /// Both passes in one sweep over destination lines; pass-1 colours of the
   /// lines d - 3 .. d + 3 are kept in a ring of eight lines.
-  static void mRunSweep(const SBayerJob& job) {
+  VY_BAYER_KERNEL static void mRunSweep(const SBayerJob& job) {
     const size_t w = job.nWidth, h = job.nHeight;
-    const int nMax = mMax(job);
+    const typename Interp::Wide nMax = mMax(job);
     CBayerLinePlanes<Sample> planes(job);
     std::vector<Sample> vecRing(8 * w);
     auto ring = [&](size_t d) { return vecRing.data() + (d & 7) * w; };
@@ -133,7 +135,7 @@ private:
   /// in place on destination memory, step by step.
   static void mRunInPlace(const SBayerJob& job) {
     const size_t w = job.nWidth, h = job.nHeight, n = job.nComponents;
-    const int nMax = mMax(job);
+    const typename Interp::Wide nMax = mMax(job);
     std::vector<Sample> vecGreen(w), vecColour(w);
     for (size_t r = 0; r < h; ++r) {
       mGreenLine(job, r, vecGreen.data(), nMax);

@@ -10,6 +10,9 @@
 #ifndef VYAPI_IP_COLORINTERPOLATION_COLORINTERPOLATIONBILINEARFALSECOLORREDUCTION_H
 #define VYAPI_IP_COLORINTERPOLATION_COLORINTERPOLATIONBILINEARFALSECOLORREDUCTION_H
 
+#include <cstdint>
+#include <type_traits>
+
 #include "ColorInterpolation/BayerLinePlanes.h"
 #include "ColorInterpolation/BayerWindow2x2.h"
 
@@ -19,7 +22,7 @@ template <typename Sample, EBayerPhase_t Phase>
 class CColorInterpolationBilinearFalseColorReduction {
 public:
   /// Raises std::bad_alloc for the line buffers.
-  static void Run(const SBayerJob& job) {
+  VY_BAYER_KERNEL static void Run(const SBayerJob& job) {
     CBayerLinePlanes<Sample> planes(job);
     const size_t h = job.nHeight;
     for (size_t r = 0; r < h; ++r) {
@@ -57,8 +60,10 @@ private:
   }
 
   /// The rule: near sample n, horizontal partner h, vertical v, diagonal d.
-  static inline Sample mMix(unsigned n, unsigned hp, unsigned vp, unsigned dp) {
-    return static_cast<Sample>((9 * n + 3 * hp + 3 * vp + dp) >> 4);
+  /// 16 x 255 fits 16 bits, so 8-bit samples mix in 16-bit lanes.
+  typedef typename std::conditional<sizeof(Sample) == 1, uint16_t, uint32_t>::type Wide;
+  static inline Sample mMix(Wide n, Wide hp, Wide vp, Wide dp) {
+    return static_cast<Sample>(static_cast<Wide>(Wide(9) * n + Wide(3) * hp + Wide(3) * vp + dp) >> 4);
   }
 
   static inline Sample mColourAt(const Sample* sN, const Sample* sF, size_t c, size_t w, unsigned nColParity,
@@ -70,7 +75,7 @@ private:
   }
 
   template <EBayerColour_t Colour>
-  static void mColourLine(const SBayerJob& job, size_t r, Sample* __restrict pOut) {
+  VY_BAYER_KERNEL static void mColourLine(const SBayerJob& job, size_t r, Sample* __restrict pOut) {
     constexpr unsigned q = mSiteColParity(Colour);
     const size_t w = job.nWidth;
     size_t nNearLine, nFarLine;
