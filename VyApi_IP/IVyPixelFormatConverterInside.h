@@ -1,6 +1,5 @@
 // The library's own view of the pixel-format converter: its user interface
-// and its releasable converter interface (IVyConverter is held twice, on
-// purpose).
+// and its releasable converter interface (IVyConverter is held twice, on purpose).
 #ifndef VYAPI_IP_IVYPIXELFORMATCONVERTERINSIDE_H
 #define VYAPI_IP_IVYPIXELFORMATCONVERTERINSIDE_H
 
@@ -8,9 +7,8 @@
 
 namespace VyApi {
 
-class IVyPixelFormatConverterInside : public IVyPixelFormatConverter,
-                                      public IVyConverterReleasable {};
+class IVyPixelFormatConverterInside : public IVyPixelFormatConverter, public IVyConverterReleasable {};
 
-} // namespace VyApi
+}  // namespace VyApi
 
 #endif

@@ -1,6 +1,5 @@
 // Mosaic and YCbCr primitives: demosaicing with the method set, Bayer to
-// mono, colour to Bayer, and the YCbCr directions. None of them changes
-// depth, so none takes a look-up table.
+// mono, colour to Bayer, and the YCbCr directions. None of them changes depth, so none takes a look-up table.
 #include <cstdint>
 
 #include "ColorInterpolation/BayerToMono.h"
@@ -16,8 +15,7 @@ namespace {
 
 // The job of a pass between a mosaic and a colour image; colour names the
 // interleaved side (destination of demosaicing, source of colour to Bayer).
-SBayerJob MakeJob(const CVyConvImage &src, const CVyConvImage &dest,
-                  const CVyConvImage &colour, bool bReverseY) {
+SBayerJob MakeJob(const CVyConvImage& src, const CVyConvImage& dest, const CVyConvImage& colour, bool bReverseY) {
   SBayerJob job;
   job.pSrc = src.Buffer();
   job.nSrcPitch = src.Pitch();
@@ -32,11 +30,9 @@ SBayerJob MakeJob(const CVyConvImage &src, const CVyConvImage &dest,
   return job;
 }
 
-} // namespace
+}  // namespace
 
-void CVyPixelFormatConverter::ConverterColorInterporation(IVyImage *pSrc,
-                                                          IVyImage *pDest,
-                                                          bool bReverseY) {
+void CVyPixelFormatConverter::ConverterColorInterporation(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
   const SBayerJob job = MakeJob(s, d, d, bReverseY);
   const int eMethod = static_cast<int>(m_eBayerInterpolationMethod);
@@ -46,53 +42,39 @@ void CVyPixelFormatConverter::ConverterColorInterporation(IVyImage *pSrc,
     CColorInterporation<uint8_t>::Run(eMethod, s.Filter(), job);
 }
 
-void CVyPixelFormatConverter::ConverterBayerBToMonoB(IVyImage *pSrc,
-                                                     IVyImage *pDest,
-                                                     bool bReverseY) {
+void CVyPixelFormatConverter::ConverterBayerBToMonoB(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
   CBayerToMono<uint8_t>::Run(s.Filter(), MakeJob(s, d, d, bReverseY));
 }
 
-void CVyPixelFormatConverter::ConverterBayerWToMonoW(IVyImage *pSrc,
-                                                     IVyImage *pDest,
-                                                     bool bReverseY) {
+void CVyPixelFormatConverter::ConverterBayerWToMonoW(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
   CBayerToMono<uint16_t>::Run(s.Filter(), MakeJob(s, d, d, bReverseY));
 }
 
-void CVyPixelFormatConverter::ConverterBGR8ToBayer8(IVyImage *pSrc,
-                                                    IVyImage *pDest,
-                                                    bool bReverseY) {
+void CVyPixelFormatConverter::ConverterBGR8ToBayer8(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
   CColorToBayer<uint8_t>::Run(d.Filter(), MakeJob(s, d, s, bReverseY));
 }
 
-void CVyPixelFormatConverter::ConverterBGR16ToBayer16(IVyImage *pSrc,
-                                                      IVyImage *pDest,
-                                                      bool bReverseY) {
+void CVyPixelFormatConverter::ConverterBGR16ToBayer16(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
   CColorToBayer<uint16_t>::Run(d.Filter(), MakeJob(s, d, s, bReverseY));
 }
 
-void CVyPixelFormatConverter::ConverterYUV2MonoOrBGR(IVyImage *pSrc,
-                                                     IVyImage *pDest,
-                                                     bool bReverseY) {
+void CVyPixelFormatConverter::ConverterYUV2MonoOrBGR(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
   if (d.Format() == VyPixelFormat_Mono8)
-    TransformYCbCrToMono(s.Format(), s.Buffer(), s.Pitch(), d.Buffer(),
-                         d.Pitch(), s.Width(), s.Height(), bReverseY);
+    TransformYCbCrToMono(s.Format(), s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), s.Width(), s.Height(), bReverseY);
   else
-    TransformYCbCrToColor(s.Format(), s.Buffer(), s.Pitch(), d.Buffer(),
-                          d.Pitch(), d.Components(), d.BGROrder(), s.Width(),
-                          s.Height(), bReverseY);
+    TransformYCbCrToColor(s.Format(), s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), d.Components(), d.BGROrder(),
+                          s.Width(), s.Height(), bReverseY);
 }
 
-void CVyPixelFormatConverter::Converter2YCbCr(IVyImage *pSrc, IVyImage *pDest,
-                                              bool bReverseY) {
+void CVyPixelFormatConverter::Converter2YCbCr(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {
   const CVyConvImage s(pSrc), d(pDest);
-  TransformToYCbCr(s.Format(), s.Buffer(), s.Pitch(), s.Components(),
-                   s.BGROrder(), d.Format(), d.Buffer(), d.Pitch(), s.Width(),
-                   s.Height(), bReverseY);
+  TransformToYCbCr(s.Format(), s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), d.Format(), d.Buffer(), d.Pitch(),
+                   s.Width(), s.Height(), bReverseY);
 }
 
-} // namespace VyApi
+}  // namespace VyApi

@@ -16,69 +16,54 @@ using PixelConversion::CSharedTableHolder;
 
 // ---------------------------------------------------------------- raw to raw
 
-#define VY_RAW_PRIMITIVE(name)                                                 \
-  void CVyPixelFormatConverter::name(IVyImage *pSrc, IVyImage *pDest,          \
-                                     bool bReverseY) {                         \
-    const CVyConvImage s(pSrc), d(pDest);                                      \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(),            \
-                                   d.Depth());                                 \
-    PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(),        \
-                          s.Width(), s.Height(), s.Depth(), table.Get(),       \
-                          bReverseY);                                          \
+#define VY_RAW_PRIMITIVE(name)                                                                                         \
+  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                                \
+    const CVyConvImage s(pSrc), d(pDest);                                                                              \
+    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                        \
+    PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), s.Width(), s.Height(), s.Depth(), table.Get(), \
+                          bReverseY);                                                                                  \
   }
 VY_RAW_PRIMITIVE(ConverterRawMono8ToRawMono16)
 VY_RAW_PRIMITIVE(ConverterRawMono16ToRawMono16)
 VY_RAW_PRIMITIVE(ConverterRawMono16ToRawMono8)
 #undef VY_RAW_PRIMITIVE
 
-// ---------------------------------------------------------------- mono to
-// colour
+// ---------------------------------------------------------------- mono to colour
 
-#define VY_MONO_TO_COLOR_PRIMITIVE(name)                                       \
-  void CVyPixelFormatConverter::name(IVyImage *pSrc, IVyImage *pDest,          \
-                                     bool bReverseY) {                         \
-    const CVyConvImage s(pSrc), d(pDest);                                      \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(),            \
-                                   d.Depth());                                 \
-    PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(),        \
-                          d.Components(), s.Width(), s.Height(), table.Get(),  \
-                          bReverseY);                                          \
+#define VY_MONO_TO_COLOR_PRIMITIVE(name)                                                                       \
+  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                        \
+    const CVyConvImage s(pSrc), d(pDest);                                                                      \
+    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                \
+    PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), d.Components(), s.Width(), s.Height(), \
+                          table.Get(), bReverseY);                                                             \
   }
 VY_MONO_TO_COLOR_PRIMITIVE(ConverterMonoB2BGRB_RGBB)
 VY_MONO_TO_COLOR_PRIMITIVE(ConverterMonoB2BGRW_RGBW)
 VY_MONO_TO_COLOR_PRIMITIVE(ConverterMonoW2BGRW_RGBW)
 #undef VY_MONO_TO_COLOR_PRIMITIVE
 
-// ---------------------------------------------------------------- colour to
-// mono
+// ---------------------------------------------------------------- colour to mono
 
-#define VY_COLOR_TO_MONO_PRIMITIVE(name)                                       \
-  void CVyPixelFormatConverter::name(IVyImage *pSrc, IVyImage *pDest,          \
-                                     bool bReverseY) {                         \
-    const CVyConvImage s(pSrc), d(pDest);                                      \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(),            \
-                                   d.Depth());                                 \
-    PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), \
-                          d.Buffer(), d.Pitch(), s.Width(), s.Height(),        \
-                          table.Get(), bReverseY);                             \
+#define VY_COLOR_TO_MONO_PRIMITIVE(name)                                                                         \
+  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                          \
+    const CVyConvImage s(pSrc), d(pDest);                                                                        \
+    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                  \
+    PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), d.Buffer(), d.Pitch(), s.Width(), \
+                          s.Height(), table.Get(), bReverseY);                                                   \
   }
 VY_COLOR_TO_MONO_PRIMITIVE(ConverterBGR8ToMono8)
 VY_COLOR_TO_MONO_PRIMITIVE(ConverterBGR16ToMono16)
 VY_COLOR_TO_MONO_PRIMITIVE(ConverterBGR16ToMono8)
 #undef VY_COLOR_TO_MONO_PRIMITIVE
 
-// ---------------------------------------------------------------- colour to
-// colour
+// ---------------------------------------------------------------- colour to colour
 
-#define VY_COLOR_TO_COLOR_PRIMITIVE(name)                                      \
-  void CVyPixelFormatConverter::name(IVyImage *pSrc, IVyImage *pDest,          \
-                                     bool bReverseY) {                         \
-    const CVyConvImage s(pSrc), d(pDest);                                      \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(),            \
-                                   d.Depth());                                 \
-    PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), \
-                          d.Buffer(), d.Pitch(), d.Components(), d.BGROrder(), \
-                          s.Width(), s.Height(), table.Get(), bReverseY);      \
+#define VY_COLOR_TO_COLOR_PRIMITIVE(name)                                                                             \
+  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                               \
+    const CVyConvImage s(pSrc), d(pDest);                                                                             \
+    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                       \
+    PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), d.Buffer(), d.Pitch(), d.Components(), \
+                          d.BGROrder(), s.Width(), s.Height(), table.Get(), bReverseY);                               \
   }
 VY_COLOR_TO_COLOR_PRIMITIVE(ConverterBGRx8ToBGRx8)
 VY_COLOR_TO_COLOR_PRIMITIVE(ConverterBGRx8ToBGRx16)
@@ -86,4 +71,4 @@ VY_COLOR_TO_COLOR_PRIMITIVE(ConverterBGRx16ToBGRx8)
 VY_COLOR_TO_COLOR_PRIMITIVE(ConverterBGRxWToBGRxW)
 #undef VY_COLOR_TO_COLOR_PRIMITIVE
 
-} // namespace VyApi
+}  // namespace VyApi

@@ -9,35 +9,30 @@ namespace VyApi {
 
 using PixelConversion::CSharedTableHolder;
 
-#define VY_PRIMITIVE_HEAD(name)                                                \
-  void CVyPixelFormatConverter::name(IVyImage *pSrc, IVyImage *pDest,          \
-                                     bool bReverseY) {                         \
-    const CVyConvImage s(pSrc), d(pDest);                                      \
+#define VY_PRIMITIVE_HEAD(name)                                                         \
+  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) { \
+    const CVyConvImage s(pSrc), d(pDest);                                               \
     const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());
 
-#define VY_MONO_TO_PLANAR(name)                                                \
-  VY_PRIMITIVE_HEAD(name)                                                      \
-  PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(),          \
-                        d.PlanePitch(), s.Width(), s.Height(), s.Depth(),      \
-                        table.Get(), bReverseY);                               \
+#define VY_MONO_TO_PLANAR(name)                                                                              \
+  VY_PRIMITIVE_HEAD(name)                                                                                    \
+  PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), d.PlanePitch(), s.Width(), s.Height(), \
+                        s.Depth(), table.Get(), bReverseY);                                                  \
   }
-#define VY_PLANAR_TO_PLANAR(name)                                              \
-  VY_PRIMITIVE_HEAD(name)                                                      \
-  PixelConversion::name(s.Buffer(), s.Pitch(), s.PlanePitch(), d.Buffer(),     \
-                        d.Pitch(), d.PlanePitch(), s.Width(), s.Height(),      \
-                        s.Depth(), table.Get(), bReverseY);                    \
+#define VY_PLANAR_TO_PLANAR(name)                                                                                \
+  VY_PRIMITIVE_HEAD(name)                                                                                        \
+  PixelConversion::name(s.Buffer(), s.Pitch(), s.PlanePitch(), d.Buffer(), d.Pitch(), d.PlanePitch(), s.Width(), \
+                        s.Height(), s.Depth(), table.Get(), bReverseY);                                          \
   }
-#define VY_NONPLANAR_TO_PLANAR(name)                                           \
-  VY_PRIMITIVE_HEAD(name)                                                      \
-  PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(),   \
-                        d.Buffer(), d.Pitch(), d.PlanePitch(), s.Width(),      \
-                        s.Height(), s.Depth(), table.Get(), bReverseY);        \
+#define VY_NONPLANAR_TO_PLANAR(name)                                                                                \
+  VY_PRIMITIVE_HEAD(name)                                                                                           \
+  PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), d.Buffer(), d.Pitch(), d.PlanePitch(), \
+                        s.Width(), s.Height(), s.Depth(), table.Get(), bReverseY);                                  \
   }
-#define VY_PLANAR_TO_NONPLANAR(name)                                           \
-  VY_PRIMITIVE_HEAD(name)                                                      \
-  PixelConversion::name(s.Buffer(), s.Pitch(), s.PlanePitch(), d.Buffer(),     \
-                        d.Pitch(), d.Components(), d.BGROrder(), s.Width(),    \
-                        s.Height(), s.Depth(), table.Get(), bReverseY);        \
+#define VY_PLANAR_TO_NONPLANAR(name)                                                                                \
+  VY_PRIMITIVE_HEAD(name)                                                                                           \
+  PixelConversion::name(s.Buffer(), s.Pitch(), s.PlanePitch(), d.Buffer(), d.Pitch(), d.Components(), d.BGROrder(), \
+                        s.Width(), s.Height(), s.Depth(), table.Get(), bReverseY);                                  \
   }
 
 VY_MONO_TO_PLANAR(ConverterMonoToPlanar_8_8)
@@ -62,4 +57,4 @@ VY_PLANAR_TO_NONPLANAR(ConverterPlanarToNonPlanar_16_16)
 #undef VY_MONO_TO_PLANAR
 #undef VY_PRIMITIVE_HEAD
 
-} // namespace VyApi
+}  // namespace VyApi

@@ -1,13 +1,12 @@
 // The pixel-format converter: turns an image of any of 98 pixel formats into
-// an image of another, with an optional vertical flip, demosaicing Bayer
-// images with a selectable method.
+// an image of another, with an optional vertical flip, demosaicing Bayer images with a selectable method.
 #ifndef VYAPI_IVYPIXELFORMATCONVERTER_H
 #define VYAPI_IVYPIXELFORMATCONVERTER_H
 
+#include <VyApi_IP/IVyConverter.h>
+
 #include <cstddef>
 #include <cstdint>
-
-#include <VyApi_IP/IVyConverter.h>
 
 namespace VyApi {
 
@@ -39,13 +38,11 @@ public:
   /// Raises nothing.
   virtual void SetLinePitchAlignment(size_t nAlignment) = 0;
   /// The format Convert writes (BGR8 after construction). Raises nothing.
-  virtual EVyPixelFormatNamingConvention_t
-  GetDestinationPixelFormat() const = 0;
+  virtual EVyPixelFormatNamingConvention_t GetDestinationPixelFormat() const = 0;
   /// Not checked against the formats the converter reaches; Convert does that.
   /// Raises LogicalErrorException "NULL pointer dereferenced" if the node map
   /// exists but cannot be reached.
-  virtual void
-  SetDestinationPixelFormat(EVyPixelFormatNamingConvention_t eFormat) = 0;
+  virtual void SetDestinationPixelFormat(EVyPixelFormatNamingConvention_t eFormat) = 0;
   /// True when the destination is written bottom-up (false after construction).
   /// Raises nothing.
   virtual bool GetReverseY() const = 0;
@@ -55,8 +52,7 @@ public:
   virtual EVyBayerInterpolationMethod_t GetBayerInterpolationMethod() const = 0;
   /// Raises OutOfRangeException "eBIM = %lld must be smaller than Max = 6"
   /// for a value above 5, and as SetDestinationPixelFormat.
-  virtual void
-  SetBayerInterpolationMethod(EVyBayerInterpolationMethod_t eMethod) = 0;
+  virtual void SetBayerInterpolationMethod(EVyBayerInterpolationMethod_t eMethod) = 0;
   /// Gamma of every depth change (1.0 after construction). Raises nothing.
   virtual double GetGammaValue() const = 0;
   /// From 0.0 to 4.0 inclusive. Raises OutOfRangeException "Gamma Value = %f
@@ -70,6 +66,6 @@ public:
   virtual void SetDestinationPixelFormatNodeLock(bool bLock) = 0;
 };
 
-} // namespace VyApi
+}  // namespace VyApi
 
 #endif
