@@ -307,13 +307,6 @@ TEST(PixelComponent, ReadsThePixelOfEveryFamily) {
   EXPECT_EQ(buffer.GetIVyPixelComponentValue(2, 0).GetComponentCount(), 0u);
 }
 
-TEST(PixelComponent, ComponentCodesComposeKindAndDepth) {
-  EXPECT_EQ(VyPixelComponent_Mono8, 0x01080000u);
-  EXPECT_EQ(VyPixelComponent_Gb16, 0x06100000u);
-  EXPECT_EQ(VyPixelComponent_R4, 0x02040000u);
-  EXPECT_EQ(VyPixelComponent_V8, 0x0B080000u);
-}
-
 TEST(KitInitialisation, FactoriesCheckIsCountedAndExplainsItself) {
   ASSERT_FALSE(IsVyApiInitialized());
   try {

@@ -84,14 +84,6 @@ TEST(LinuxErrorException, LongMessagesAreCutAt1024Bytes) {
   EXPECT_EQ(std::strlen(g.GetDescription()), 1023u);
 }
 
-TEST(LinuxErrorException, IsAGenericExceptionForCatchers) {
-  try {
-    throw VY_LINUX_ERROR_EXCEPTION(5, "read", "read failed");
-  } catch (const GenICam_3_0::GenericException& e) {
-    EXPECT_NE(dynamic_cast<const CVyLinuxErrorException*>(&e), nullptr);
-  }
-}
-
 TEST(GenTLErrorException, WithoutALibraryTheMessageIsOnlyTheFormattedText) {
   const CVyGenTLErrorException e = VY_GENTL_ERROR_EXCEPTION(nullptr, -1010, "GCReadPort", "%d = GCReadPort(0x%p)", -1010,
                                                             static_cast<void*>(nullptr));
