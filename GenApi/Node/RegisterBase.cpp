@@ -78,7 +78,7 @@ void CRegisterBase::mReadBytes(uint8_t* p, int64_t Length, bool IgnoreCache) {
   int64_t addr = mAddress();
   if (!IgnoreCache && m_bCacheValid && m_eCachingMode != NoCache && m_nCacheAddress == addr &&
       static_cast<int64_t>(m_vecCache.size()) == Length) {
-    memcpy(p, m_vecCache.data(), static_cast<size_t>(Length));
+    if (Length > 0) memcpy(p, m_vecCache.data(), static_cast<size_t>(Length));
     return;
   }
   m_pPort->mRead(p, addr, Length);

@@ -12,6 +12,7 @@ namespace detail {
 
 std::string CStringRegNode::mGetString(bool, bool IgnoreCache) {
   int64_t n = mLength();
+  if (n <= 0) return std::string();
   std::vector<uint8_t> buf(static_cast<size_t>(n));
   mReadBytes(buf.data(), n, IgnoreCache);
   size_t len = strnlen(reinterpret_cast<const char*>(buf.data()), buf.size());
@@ -24,7 +25,7 @@ void CStringRegNode::mSetString(const std::string& Value, bool) {
     throw OUT_OF_RANGE_EXCEPTION("Node '%s': the text has %zu characters, the register holds %lld", m_strName.c_str(),
                                  Value.size(), static_cast<long long>(n));
   std::vector<uint8_t> buf(static_cast<size_t>(n), 0);
-  memcpy(buf.data(), Value.data(), Value.size());
+  if (!Value.empty()) memcpy(buf.data(), Value.data(), Value.size());
   mWriteBytes(buf.data(), n);
 }
 

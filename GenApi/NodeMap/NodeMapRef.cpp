@@ -62,7 +62,8 @@ void CNodeMapRef::_Attach(INodeMap* pNodeMap, const gcstring& DeviceName, int* p
 void CNodeMapRef::mLoad(const CNodeMapFactory& Factory) {
   if (_Ptr) throw LOGICAL_ERROR_EXCEPTION("The node map reference holds a node map already");
   CNodeMapFactory f(Factory);
-  _Attach(f.CreateNodeMap(_DeviceName), _DeviceName, new int(0));
+  INodeMap* p = f.CreateNodeMap(_DeviceName);
+  _Attach(p, _DeviceName, nullptr);
 }
 
 void CNodeMapRef::_LoadXMLFromFile(const gcstring& FileName) { mLoad(CNodeMapFactory(ContentType_Xml, FileName)); }

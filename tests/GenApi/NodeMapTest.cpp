@@ -379,7 +379,7 @@ TEST(Descriptions, SchemaVersionsAndByteOrderMark) {
     std::string xml = "\xEF\xBB\xBF" + GenApiTest::Describe(nodes, ns);
     CNodeMapFactory f(ContentType_Xml, xml.data(), xml.size());
     CNodeMapRef r;
-    r._Attach(f.CreateNodeMap(), "Device", new int(0));
+    r._Attach(f.CreateNodeMap(), "Device", nullptr);
     EXPECT_EQ(CIntegerPtr(r._GetNode("A"))->GetValue(), 4);
   }
 }
@@ -402,7 +402,7 @@ TEST(NodeMapRef, SharesTheMapAndRaisesWhenEmpty) {
   CNodeMapRef b;
   {
     CNodeMapRef a("Cam");
-    a._Attach(f.CreateNodeMap("Cam"), "Cam", new int(0));
+    a._Attach(f.CreateNodeMap("Cam"), "Cam", nullptr);
     b = a;
     EXPECT_EQ(static_cast<INodeMap*>(a), static_cast<INodeMap*>(b));
   }

@@ -61,7 +61,7 @@ SResult ReadAll(const std::string& file) {
   SResult r;
   CNodeMapFactory f(ContentType_Xml, gcstring(file.c_str()));
   CNodeMapRef map;
-  map._Attach(f.CreateNodeMap(), "Device", new int(0));
+  map._Attach(f.CreateNodeMap(), "Device", nullptr);
   CSparsePort port;
   NodeList_t nodes;
   map._GetNodes(nodes);
@@ -144,7 +144,7 @@ TEST(RealDescriptions, LargeDescriptionLoadsQuickly) {
   auto t0 = std::chrono::steady_clock::now();
   CNodeMapFactory f(ContentType_Xml, gcstring(file.c_str()));
   CNodeMapRef map;
-  map._Attach(f.CreateNodeMap(), "Device", new int(0));
+  map._Attach(f.CreateNodeMap(), "Device", nullptr);
   double ms = std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - t0).count();
   EXPECT_EQ(map._GetNumNodes(), 3436u);
   // Generous bound for sanitizer builds; the benchmark measures the real figure.

@@ -82,7 +82,7 @@ int main(int argc, char** argv) {
   CMemoryPort port;
   try {
     CNodeMapFactory f(ContentType_Auto, gcstring(argv[1]));
-    map._Attach(f.CreateNodeMap(), "Device", new int(0));
+    map._Attach(f.CreateNodeMap(), "Device", nullptr);
     NodeList_t nodes;
     map._GetNodes(nodes);
     for (INode* n : nodes)
