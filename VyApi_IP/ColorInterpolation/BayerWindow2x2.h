@@ -31,14 +31,33 @@ public:
     g = static_cast<Sample>(((bOwnGreenEven ? ownEven : ownOdd) + (bOwnGreenEven ? partOdd : partEven)) >> 1);
   }
 
-  /// The whole line r (samples s) with partner line t into three planes.
+  /// The whole line r (samples s) with partner line t into three planes;
+  /// without WithColours only green is written (pOwn and pPart unused).
+  template <bool WithColours = true>
   VY_BAYER_KERNEL static void Line(const Sample* __restrict s, const Sample* __restrict t, Sample* __restrict pOwn,
                    Sample* __restrict pPart, Sample* __restrict pG, size_t w) {
     const size_t nPairs = (w - 1) / 2;  // pairs (2k, 2k + 1) whose windows end inside the line
     for (size_t k = 0; k < nPairs; ++k) {
       const size_t c = 2 * k;
-      Pixel(s[c], s[c + 1], t[c], t[c + 1], pOwn[c], pPart[c], pG[c]);
-      Pixel(s[c + 2], s[c + 1], t[c + 2], t[c + 1], pOwn[c + 1], pPart[c + 1], pG[c + 1]);
+      if (WithColours) {
+        Pixel(s[c], s[c + 1], t[c], t[c + 1], pOwn[c], pPart[c], pG[c]);
+        Pixel(s[c + 2], s[c + 1], t[c + 2], t[c + 1], pOwn[c + 1], pPart[c + 1], pG[c + 1]);
+      } else {
+        Sample x, y;
+        Pixel(s[c], s[c + 1], t[c], t[c + 1], x, y, pG[c]);
+        Pixel(s[c + 2], s[c + 1], t[c + 2], t[c + 1], x, y, pG[c + 1]);
+      }
+    }
+    if (!WithColours) {
+      // Colour planes are not written; keep the border rules on green only.
+      Sample x, y;
+      if (w & 1) {
+        pG[w - 1] = pG[w - 2];
+      } else {
+        Pixel(s[w - 2], s[w - 1], t[w - 2], t[w - 1], x, y, pG[w - 2]);
+        pG[w - 1] = bOwnGreenEven ? pG[w - 2] : s[w - 1];
+      }
+      return;
     }
     if (w & 1) {
       const size_t c = w - 1;  // even; column w - 2 ended the last pair

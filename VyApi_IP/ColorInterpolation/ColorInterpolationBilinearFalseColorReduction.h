@@ -12,6 +12,7 @@
 
 #include <cstdint>
 #include <type_traits>
+#include <vector>
 
 #include "ColorInterpolation/BayerLinePlanes.h"
 #include "ColorInterpolation/BayerWindow2x2.h"
@@ -20,16 +21,20 @@ namespace VyApi {
 
 template <typename Sample, EBayerPhase_t Phase>
 class CColorInterpolationBilinearFalseColorReduction {
+  /// 16 x 255 fits 16 bits, so 8-bit samples mix in 16-bit lanes.
+  typedef typename std::conditional<sizeof(Sample) == 1, uint16_t, uint32_t>::type Wide;
+
 public:
   /// Raises std::bad_alloc for the line buffers.
   VY_BAYER_KERNEL static void Run(const SBayerJob& job) {
     CBayerLinePlanes<Sample> planes(job);
+    std::vector<Wide> vecSites(job.nWidth / 2 + 1);
     const size_t h = job.nHeight;
     for (size_t r = 0; r < h; ++r) {
       if (r & 1)
-        mLine<1>(job, r, planes);
+        mLine<1>(job, r, planes, vecSites.data());
       else
-        mLine<0>(job, r, planes);
+        mLine<0>(job, r, planes, vecSites.data());
       planes.Store(job.DestLine<Sample>(r));
     }
   }
@@ -60,8 +65,6 @@ private:
   }
 
   /// The rule: near sample n, horizontal partner h, vertical v, diagonal d.
-  /// 16 x 255 fits 16 bits, so 8-bit samples mix in 16-bit lanes.
-  typedef typename std::conditional<sizeof(Sample) == 1, uint16_t, uint32_t>::type Wide;
   static inline Sample mMix(Wide n, Wide hp, Wide vp, Wide dp) {
     return static_cast<Sample>(static_cast<Wide>(Wide(9) * n + Wide(3) * hp + Wide(3) * vp + dp) >> 4);
   }
@@ -75,23 +78,30 @@ private:
   }
 
   template <EBayerColour_t Colour>
-  VY_BAYER_KERNEL static void mColourLine(const SBayerJob& job, size_t r, Sample* __restrict pOut) {
+  VY_BAYER_KERNEL static void mColourLine(const SBayerJob& job, size_t r, Sample* __restrict pOut,
+                                          Wide* __restrict pSites) {
     constexpr unsigned q = mSiteColParity(Colour);
     const size_t w = job.nWidth;
     size_t nNearLine, nFarLine;
     mBracket(r, mSiteRowParity(Colour), job.nHeight, nNearLine, nFarLine);
     const Sample* __restrict sN = job.SrcLine<Sample>(nNearLine);
     const Sample* __restrict sF = job.SrcLine<Sample>(nFarLine);
+    // The vertical half of the rule once per site k (column 2k + q):
+    // 3n + v; the horizontal half then weighs two neighbouring sites 3 : 1,
+    // which gives (9n + 3h + 3v + d) >> 4.
+    const size_t nSites = (w - q + 1) / 2;
+    for (size_t k = 0; k < nSites; ++k)
+      pSites[k] = static_cast<Wide>(Wide(3) * sN[2 * k + q] + sF[2 * k + q]);
     // Pairs (2k, 2k + 1) with k >= 1 and 2k + 3 < w have all partners inside.
     const size_t nEnd = w >= 4 ? (w - 2) / 2 : 1;
     for (size_t k = 1; k < nEnd; ++k) {
       const size_t c = 2 * k;
       if (q == 0) {
-        pOut[c] = mMix(sN[c], sN[c + 2], sF[c], sF[c + 2]);
-        pOut[c + 1] = mMix(sN[c + 2], sN[c], sF[c + 2], sF[c]);
+        pOut[c] = static_cast<Sample>(static_cast<Wide>(Wide(3) * pSites[k] + pSites[k + 1]) >> 4);
+        pOut[c + 1] = static_cast<Sample>(static_cast<Wide>(Wide(3) * pSites[k + 1] + pSites[k]) >> 4);
       } else {
-        pOut[c] = mMix(sN[c + 1], sN[c - 1], sF[c + 1], sF[c - 1]);
-        pOut[c + 1] = mMix(sN[c + 1], sN[c + 3], sF[c + 1], sF[c + 3]);
+        pOut[c] = static_cast<Sample>(static_cast<Wide>(Wide(3) * pSites[k] + pSites[k - 1]) >> 4);
+        pOut[c + 1] = static_cast<Sample>(static_cast<Wide>(Wide(3) * pSites[k] + pSites[k + 1]) >> 4);
       }
     }
     const bool bNoPartnerAtZero = bColumnZeroDeviation && q == 0;
@@ -101,19 +111,18 @@ private:
   }
 
   template <unsigned RowParity>
-  static void mLine(const SBayerJob& job, size_t r, CBayerLinePlanes<Sample>& planes) {
+  static void mLine(const SBayerJob& job, size_t r, CBayerLinePlanes<Sample>& planes, Wide* pSites) {
     using Window = CBayerWindow2x2<Sample, Phase, RowParity>;
     const size_t w = job.nWidth, h = job.nHeight;
     const size_t rPartner = r + 1 < h ? r + 1 : r - 1;
     const Sample* s = job.SrcLine<Sample>(r);
     const Sample* t = job.SrcLine<Sample>(rPartner);
     Sample* pG = planes.Plane(BayerColour_G);
-    // The window fills red and blue too; they are replaced below.
-    Window::Line(s, t, planes.Plane(Window::eOwnColour), planes.Plane(Window::ePartnerColour), pG, w);
+    Window::template Line<false>(s, t, nullptr, nullptr, pG, w);
     if (bColumnZeroDeviation && RowParity == 1 && (w & 1))
       pG[w - 1] = static_cast<Sample>((3u * t[w - 1] + s[w - 2]) >> 2);
-    mColourLine<BayerColour_R>(job, r, planes.Plane(BayerColour_R));
-    mColourLine<BayerColour_B>(job, r, planes.Plane(BayerColour_B));
+    mColourLine<BayerColour_R>(job, r, planes.Plane(BayerColour_R), pSites);
+    mColourLine<BayerColour_B>(job, r, planes.Plane(BayerColour_B), pSites);
   }
 };
 
