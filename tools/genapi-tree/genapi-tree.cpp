@@ -3,11 +3,12 @@
 // and current value. Exit code 2 for a file that is missing, unreadable or
 // not a valid description.
 #include <cstdio>
-#include <set>
 #include <unordered_map>
 #include <vector>
 
 #include <GenICam.h>
+
+#include "FeatureTree.h"
 
 using namespace GenApi;
 
@@ -31,46 +32,6 @@ private:
   std::unordered_map<int64_t, uint8_t> m_Bytes;
 };
 
-const char* TypeName(EInterfaceType t) {
-  switch (t) {
-    case intfIInteger: return "Integer";
-    case intfIFloat: return "Float";
-    case intfIBoolean: return "Boolean";
-    case intfICommand: return "Command";
-    case intfIString: return "String";
-    case intfIRegister: return "Register";
-    case intfICategory: return "Category";
-    case intfIEnumeration: return "Enumeration";
-    case intfIEnumEntry: return "EnumEntry";
-    case intfIPort: return "Port";
-    default: return "Node";
-  }
-}
-
-void Print(INode* n, int depth, std::set<INode*>& seen) {
-  std::string indent(static_cast<size_t>(depth) * 2, ' ');
-  CCategoryPtr cat(n);
-  if (cat.IsValid()) {
-    printf("%s%s/\n", indent.c_str(), n->GetName().c_str());
-    if (!seen.insert(n).second) return;  // a category listed twice is shown once
-    FeatureList_t features;
-    cat->GetFeatures(features);
-    for (IValue* f : features) Print(f->GetNode(), depth + 1, seen);
-    return;
-  }
-  std::string value;
-  try {
-    CValuePtr v(n);
-    if (n->GetPrincipalInterfaceType() == intfICommand) value = IsWritable(n) ? "(command)" : "(not writable)";
-    else if (v.IsValid() && IsReadable(v)) value = v->ToString().c_str();
-    else value = "(not readable)";
-  } catch (const GenICam::GenericException& e) {
-    value = std::string("(error: ") + e.GetDescription() + ")";
-  }
-  printf("%s%s [%s] = %s\n", indent.c_str(), n->GetName().c_str(), TypeName(n->GetPrincipalInterfaceType()),
-         value.c_str());
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -91,15 +52,6 @@ int main(int argc, char** argv) {
     fprintf(stderr, "genapi-tree: cannot load '%s': %s\n", argv[1], e.GetDescription());
     return 2;
   }
-  INode* root = map._GetNode("Root");
-  std::set<INode*> seen;
-  if (root) {
-    Print(root, 0, seen);
-  } else {
-    NodeList_t nodes;
-    map._GetNodes(nodes);
-    for (INode* n : nodes)
-      if (CCategoryPtr(n).IsValid()) Print(n, 0, seen);
-  }
+  VyTools::PrintFeatureTree(*static_cast<INodeMap*>(map), stdout);
   return 0;
 }
