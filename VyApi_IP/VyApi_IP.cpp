@@ -8,6 +8,8 @@
 
 #include "VyGammaCorrectionFilter.h"
 #include "VyPixelFormatConverter.h"
+#include "VyStillImageWriter.h"
+#include "VyReverseConverter.h"
 
 void* m_hModule = nullptr;
 
@@ -56,6 +58,8 @@ IVyConverterReleasable* CreateIVyConverter(EVyConverterType_t eType) {
     switch (eType) {
       case VyConverterType_PixelFormat:
         return static_cast<IVyConverterReleasable*>(new CVyPixelFormatConverter());
+      case VyConverterType_Reverse:
+        return static_cast<IVyConverterReleasable*>(new CVyReverseConverter());
       default:
         NotAvailable("converter", eType);
     }
@@ -67,7 +71,16 @@ IVyConverterReleasable* CreateIVyConverter(EVyConverterType_t eType) {
 IVyFilerReleasable* CreateIVyFiler(EVyFilerType_t eType) {
   CheckVyApiInitialized();
   CheckType("CreateIVyFiler", eType, VyFilerType_Count);
-  NotAvailable("filer", eType);
+  try {
+    switch (eType) {
+      case VyFilerType_StillImage:
+        return static_cast<IVyFilerReleasable*>(new CVyStillImageWriter());
+      default:
+        NotAvailable("filer", eType);
+    }
+  } catch (const std::bad_alloc& e) {
+    throw VY_BAD_ALLOC_EXCEPTION("%s", e.what());
+  }
 }
 
 IVyFilterInfo* GetIVyFilterInfo(EVyFilterType_t eType) {

@@ -15,6 +15,8 @@
 #include <VyApi_IP/IVyFiler.h>
 #include <VyApi_IP/IVyGammaCorrectionFilter.h>
 #include <VyApi_IP/IVyPixelFormatConverter.h>
+#include <VyApi_IP/IVyStillImageFiler.h>
+#include <VyApi_IP/IVyReverseConverter.h>
 #include <VyApi_IP/VyAutoPtr.h>
 #include <VyApi_IP/VyAutoPtrArray.h>
 #include <VyApi_IP/VyFilterPtrList.h>
