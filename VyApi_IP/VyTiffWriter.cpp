@@ -215,8 +215,9 @@ void WriterTIFF_Color(IVyImage* pImage, const GenICam_3_0::gcstring& strName, FI
       {TiffTag_StripOffsets, TiffType_Long, nP, static_cast<uint32_t>(bPlanar ? nOffsetArray : D)},
       {TiffTag_SamplesPerPixel, TiffType_Short, 1, static_cast<uint32_t>(C)},
   };
-  // The extra sample follows SamplesPerPixel, ahead of the tags with lower
-  // numbers that come next; readers of this writer's files expect that order.
+  // ExtraSamples follows SamplesPerPixel, ahead of the lower tags that come
+  // next. Files of this writer have always had that order; libtiff notes it
+  // and reads them.
   if (C > 3) entries.push_back({TiffTag_ExtraSamples, TiffType_Short, 1, 0});
   const STiffEntry tail[] = {
       {TiffTag_RowsPerStrip, TiffType_Short, 1, nH},

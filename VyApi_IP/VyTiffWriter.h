@@ -16,8 +16,9 @@ namespace VyApi {
 /// RGB16_Planar (colour; a fourth component is stored as an extra sample).
 /// Raises RuntimeException "Not supported pixelformat %s" for any other
 /// format, BadAllocException when the file block cannot be allocated, and
-/// RuntimeException "File %s is unwritable." when the stream takes fewer
-/// bytes than the file has or anything else fails on the way.
+/// RuntimeException "File %s is unwritable." when the file would pass the
+/// 4 GiB that 32-bit offsets reach, when the stream takes fewer bytes than
+/// the file has, or when anything else fails on the way.
 void WriteTiff(IVyImage* pImage, const GenICam_3_0::gcstring& strName, FILE* pFile);
 
 }  // namespace VyApi
