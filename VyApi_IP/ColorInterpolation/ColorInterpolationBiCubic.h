@@ -125,7 +125,9 @@ private:
         const Sample* __restrict pb = ring(rule.b);
         const Sample* __restrict pe = ring(rule.e);
         const Sample* __restrict pf = ring(rule.f);
-        for (size_t c = 0; c < w; ++c) pOut[c] = Interp::Kernel(pa[c], pb[c], pe[c], pf[c], nMax);
+        size_t c = 0;
+        if constexpr (sizeof(Sample) == 1) c = CBayerLineSimd::BiCubicColumn8(pa, pb, pe, pf, pOut, w, nMax);
+        for (; c < w; ++c) pOut[c] = Interp::Kernel(pa[c], pb[c], pe[c], pf[c], nMax);
       }
       planes.Store(job.DestLineAt<Sample>(d));
     }
