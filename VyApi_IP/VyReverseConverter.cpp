@@ -220,16 +220,17 @@ bool CVyReverseConverter::mRead(unsigned char* pBuffer, long Address, long* pLen
 }
 
 bool CVyReverseConverter::mWrite(const unsigned char* pBuffer, long Address, long* pLength) {
+  if (Address != c_nReverseXReg && Address != c_nReverseYReg && Address != c_nRotationModeReg) return false;
   uint32_t n;
   std::memcpy(&n, pBuffer, sizeof n);
   // The node map has checked the value; the rotation is stored as written and
   // Convert treats what it cannot use as no rotation.
-  switch (Address) {
-    case c_nReverseXReg: m_bReverseX = n == 1; break;
-    case c_nReverseYReg: m_bReverseY = n == 1; break;
-    case c_nRotationModeReg: m_eRotationMode = static_cast<EVyRotationMode_t>(static_cast<int32_t>(n)); break;
-    default: return false;
-  }
+  if (Address == c_nReverseXReg)
+    m_bReverseX = n == 1;
+  else if (Address == c_nReverseYReg)
+    m_bReverseY = n == 1;
+  else
+    m_eRotationMode = static_cast<EVyRotationMode_t>(static_cast<int32_t>(n));
   *pLength = sizeof n;
   return true;
 }

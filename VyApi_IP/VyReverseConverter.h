@@ -48,6 +48,7 @@ public:
   /// See IVyReverseConverter for what it raises.
   void Convert(IVyImage* pSrc, IVyImageBuffer* pDest) override;
 
+  // The accessors raise what IVyReverseConverter documents.
   size_t GetLinePitchAlignment() const override;
   void SetLinePitchAlignment(size_t nAlignment) override;
   bool GetReverseX() const override;
