@@ -1,15 +1,23 @@
 #include <VyApi_IP/VyFileSystem.h>
 
 #include <cstdlib>
+#include <new>
 #include <string>
 
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <VyApi_IP/VyReporter.h>
+
 namespace VyApi {
 
 void MakePath(const GenICam_3_0::gcstring& strPath, bool bIsFileName) {
-  std::string strDir(strPath.c_str(), strPath.size());
+  std::string strDir;
+  try {
+    strDir.assign(strPath.c_str(), strPath.size());
+  } catch (const std::bad_alloc& e) {
+    throw VY_BAD_ALLOC_EXCEPTION("%s", e.what());
+  }
   if (bIsFileName) {
     // The search starts at 1, so a lone leading "/" never cuts the path down
     // to nothing.

@@ -82,10 +82,12 @@ inline void SizeWithAlignment(Image& im, size_t w, size_t h, VyApi::EVyPixelForm
 }
 
 /// Every byte of the image set to a pattern of its position, masked to the
-/// bits of the format's 16-bit cells where it has them.
+/// bits of the format's 16-bit cells where it has them (packed formats keep
+/// every bit).
 inline void FillPattern(Image& im, unsigned nSeed = 1) {
   VyApi::IVyImage* p = im.img();
-  const size_t nDepth = VyApi::GetIVyPixelFormatInfo(p->GetImagePixelFormat())->GetComponentBitDepth();
+  const VyApi::IVyPixelFormatInfo* pInfo = VyApi::GetIVyPixelFormatInfo(p->GetImagePixelFormat());
+  const size_t nDepth = pInfo->GetPixelBitCount() % 16 == 0 ? pInfo->GetComponentBitDepth() : 8;
   const size_t nPitch = p->GetImageLinePitch();
   for (size_t y = 0; y < p->GetImageHeight(); ++y)
     for (size_t i = 0; i < nPitch; ++i) im.line(y)[i] = static_cast<uint8_t>(nSeed * 37 + y * 11 + i * 7);
