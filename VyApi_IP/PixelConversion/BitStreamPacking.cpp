@@ -6,6 +6,7 @@
 
 #include "PixelConversion/PixelKernelSupport.h"
 #include "PixelConversion/SimdLineKernels.h"
+#include "PixelConversion/TableShape.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -77,6 +78,39 @@ VY_KERNEL_INLINE void unpackImage(const void* pSrc, size_t nSrcLinePitch, void* 
     unpackLine<N, Y, UseTable>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, store);
 }
 
+/// One line through a shift table: chunks of the line are unpacked into
+/// 16-bit cells on the stack by the plain (vectorised) reader, then shifted.
+/// A chunk is a whole number of bytes of the stream for every N.
+template <int N, typename Y>
+VY_KERNEL_INLINE void unpackLineTable(const uint8_t* __restrict pSrc, Y* __restrict pDest, size_t nWidth,
+                                      const STableShape& shape) {
+  constexpr size_t kChunk = 1024;
+  uint16_t aBuf[kChunk];
+  const SStore<uint16_t, false> plain{nullptr};
+  size_t x0 = 0;  // a multiple of 8 pixels, thus of whole bytes
+  if constexpr (N == 12) x0 = SimdUnpack12pShiftLine(pSrc, pDest, nWidth, unsigned(shape.nShift));
+  for (size_t x = x0; x < nWidth; x += kChunk) {
+    const size_t n = nWidth - x < kChunk ? nWidth - x : kChunk;
+    unpackLine<N, uint16_t, false>(pSrc + x / 8 * N, aBuf, n, plain);
+    ApplyTableShape(aBuf, pDest + x, n, shape);
+  }
+}
+
+template <int N, typename Y>
+VY_KERNEL_INLINE void unpackImageTable(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
+                                       size_t nWidth, size_t nHeight, const uint16_t* pTable, bool bReverseY) {
+  const STableShape shape = STableShape::Of(pTable, N);
+  if (shape.nShift < 0) {
+    // Entries to read: one load a sample either way, and the fused reader
+    // does it without the round trip through the stack.
+    unpackImage<N, Y, true>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);
+    return;
+  }
+  CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
+  for (size_t y = 0; y < nHeight; ++y, dest.Next())
+    unpackLineTable<N, Y>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, shape);
+}
+
 template <int N>
 VY_KERNEL_INLINE void unpackBits(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
                                  size_t nWidth, size_t nHeight, size_t nDestBits, const uint16_t* pTable,
@@ -85,10 +119,10 @@ VY_KERNEL_INLINE void unpackBits(const void* pSrc, size_t nSrcLinePitch, void* p
     unpackImage<N, uint16_t, false>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, nullptr, bReverseY);
   } else if (nDestBits > 8 && nDestBits <= 16) {
     VY_ASSERT(pTable != nullptr);
-    unpackImage<N, uint16_t, true>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);
+    unpackImageTable<N, uint16_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);
   } else if (nDestBits == 8) {
     VY_ASSERT(pTable != nullptr);
-    unpackImage<N, uint8_t, true>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);
+    unpackImageTable<N, uint8_t>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);
   } else {
     VY_ASSERT(false);
   }

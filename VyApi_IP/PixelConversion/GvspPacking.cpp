@@ -4,6 +4,7 @@
 
 #include "PixelConversion/PixelKernelSupport.h"
 #include "PixelConversion/SimdLineKernels.h"
+#include "PixelConversion/TableShape.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -37,12 +38,40 @@ VY_KERNEL_INLINE void gevUnpackLine(const uint8_t* __restrict pSrc, Y* __restric
   }
 }
 
+/// One line through a shift table: chunks of pairs unpacked into 16-bit
+/// cells on the stack by the plain (vectorised) reader, then shifted.
+template <int S, typename Y>
+VY_KERNEL_INLINE void gevUnpackLineTable(const uint8_t* __restrict pSrc, Y* __restrict pDest, size_t nWidth,
+                                         const STableShape& shape) {
+  constexpr size_t kChunk = 1024;  // pixels, an even number
+  uint16_t aBuf[kChunk];
+  size_t x0 = 0;  // an even number of pixels
+  if constexpr (S == 4) x0 = SimdUnpackGvsp12ShiftLine(pSrc, pDest, nWidth, unsigned(shape.nShift));
+  for (size_t x = x0; x < nWidth; x += kChunk) {
+    const size_t n = nWidth - x < kChunk ? nWidth - x : kChunk;
+    gevUnpackLine<S, uint16_t, false>(pSrc + x / 2 * 3, aBuf, n, nullptr);
+    ApplyTableShape(aBuf, pDest + x, n, shape);
+  }
+}
+
 template <int S, typename Y, bool UseTable>
 VY_KERNEL_INLINE void gevUnpackImage(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
                                      size_t nWidth, size_t nHeight, const uint16_t* pTable, bool bReverseY) {
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
-  for (size_t y = 0; y < nHeight; ++y, dest.Next())
-    gevUnpackLine<S, Y, UseTable>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, pTable);
+  if constexpr (UseTable) {
+    const STableShape shape = STableShape::Of(pTable, S + 8);
+    if (shape.nShift >= 0) {
+      for (size_t y = 0; y < nHeight; ++y, dest.Next())
+        gevUnpackLineTable<S, Y>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, shape);
+    } else {
+      // Entries to read: the fused reader, without the round trip through the stack.
+      for (size_t y = 0; y < nHeight; ++y, dest.Next())
+        gevUnpackLine<S, Y, true>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, pTable);
+    }
+  } else {
+    for (size_t y = 0; y < nHeight; ++y, dest.Next())
+      gevUnpackLine<S, Y, false>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, pTable);
+  }
 }
 
 template <int S>

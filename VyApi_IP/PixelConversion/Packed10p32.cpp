@@ -7,15 +7,26 @@
 
 #include "PixelConversion/ColorLayout.h"
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/TableShape.h"
 
 namespace VyApi {
 namespace PixelConversion {
 
 namespace {
 
-template <typename Y, int DC, bool Swap, bool UseTable>
+/// What a 10-bit field becomes on the reading side: itself, its table entry,
+/// or, for a shift table, the field shifted (no load, so the loop vectorises).
+enum EFieldMap_t { FieldMap_Plain, FieldMap_Table, FieldMap_Shift };
+
+template <typename Y, int DC, bool Swap, EFieldMap_t Map>
 VY_KERNEL_INLINE void readImage(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
-                                size_t nWidth, size_t nHeight, const uint16_t* __restrict pTable, bool bReverseY) {
+                                size_t nWidth, size_t nHeight, const uint16_t* __restrict pTable, unsigned nShift,
+                                bool bReverseY) {
+  auto map = [&](uint32_t f) -> uint32_t {
+    if constexpr (Map == FieldMap_Table) return pTable[f];
+    if constexpr (Map == FieldMap_Shift) return f >> nShift;
+    return f;
+  };
   constexpr int C0 = Swap ? 2 : 0;
   constexpr int C2 = Swap ? 0 : 2;
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
@@ -28,9 +39,9 @@ VY_KERNEL_INLINE void readImage(const void* pSrc, size_t nSrcLinePitch, void* pD
       const uint32_t f0 = w & 0x3FF;
       const uint32_t f1 = (w >> 10) & 0x3FF;
       const uint32_t f2 = (w >> 20) & 0x3FF;
-      pd[DC * x + C0] = static_cast<Y>(UseTable ? pTable[f0] : f0);
-      pd[DC * x + 1] = static_cast<Y>(UseTable ? pTable[f1] : f1);
-      pd[DC * x + C2] = static_cast<Y>(UseTable ? pTable[f2] : f2);
+      pd[DC * x + C0] = static_cast<Y>(map(f0));
+      pd[DC * x + 1] = static_cast<Y>(map(f1));
+      pd[DC * x + C2] = static_cast<Y>(map(f2));
     }
   }
 }
@@ -59,12 +70,21 @@ VY_KERNEL_INLINE void writeImage(const void* pSrc, size_t nSrcLinePitch, void* p
 #define VY_DEFINE_10P32_READER(name, Y)                                                                          \
   VY_KERNEL_CLONES VY_DECLARE_10P32_READER(name) {                                                               \
     VY_ASSERT(pTable != nullptr || (std::is_same<Y, uint16_t>::value));                                            \
+    const STableShape shape = STableShape::Of(pTable, 10);                                                       \
+    const unsigned nShift = shape.nShift >= 0 ? unsigned(shape.nShift) : 0u;                                     \
     WithComponentCount(nDestComponentCount, [&](auto dc) {                                                       \
       WithFlag(bSrcBGROrder != bDestBGROrder, [&](auto swap) {                                                   \
-        WithFlag(pTable != nullptr, [&](auto table) {                                                            \
-          readImage<Y, decltype(dc)::value, decltype(swap)::value, decltype(table)::value>(                      \
-              pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);                   \
-        });                                                                                                      \
+        constexpr int DC = decltype(dc)::value;                                                                  \
+        constexpr bool Swap = decltype(swap)::value;                                                             \
+        if (pTable == nullptr)                                                                                   \
+          readImage<Y, DC, Swap, FieldMap_Plain>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight,   \
+                                                 pTable, 0, bReverseY);                                          \
+        else if (shape.nShift >= 0)                                                                              \
+          readImage<Y, DC, Swap, FieldMap_Shift>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight,   \
+                                                 pTable, nShift, bReverseY);                                     \
+        else                                                                                                     \
+          readImage<Y, DC, Swap, FieldMap_Table>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight,   \
+                                                 pTable, 0, bReverseY);                                          \
       });                                                                                                        \
     });                                                                                                          \
   }

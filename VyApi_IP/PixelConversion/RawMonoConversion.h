@@ -17,6 +17,7 @@
 #include <VyApi_IP/VyReporter.h>
 
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/TableShape.h"
 
 namespace VyApi {
 namespace PixelConversion {
@@ -28,6 +29,10 @@ VY_KERNEL_INLINE void ConverterRawMonoXToRawMonoY_t(const void* pSrc, size_t nSr
                                                      size_t nInputBitCount, const uint16_t* pTable, bool bReverseY) {
   VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
+  // 16-bit sources are range-checked before the table is applied, so a
+  // shift table may stand in for its entries.
+  STableShape shape;
+  if constexpr (sizeof(X) == 2) shape = STableShape::Of(pTable, nInputBitCount);
   for (size_t y = 0; y < nHeight; ++y, dest.Next()) {
     const X* __restrict pxSrcCurLine = SrcLine<X>(pSrc, nSrcLinePitch, y);
     Y* __restrict pxDestCurLine = dest.Line<Y>();
@@ -35,7 +40,11 @@ VY_KERNEL_INLINE void ConverterRawMonoXToRawMonoY_t(const void* pSrc, size_t nSr
       for (size_t x = 0; x < nWidth; ++x) VY_ASSERT(pxSrcCurLine[x] < (1 << nInputBitCount));
     }
     if (pTable != nullptr) {
-      for (size_t x = 0; x < nWidth; ++x) pxDestCurLine[x] = static_cast<Y>(pTable[pxSrcCurLine[x]]);
+      if constexpr (sizeof(X) == 2) {
+        ApplyTableShape(pxSrcCurLine, pxDestCurLine, nWidth, shape);
+      } else {
+        for (size_t x = 0; x < nWidth; ++x) pxDestCurLine[x] = static_cast<Y>(pTable[pxSrcCurLine[x]]);
+      }
     } else {
       std::memcpy(pxDestCurLine, pxSrcCurLine, nWidth * sizeof(X));
     }
