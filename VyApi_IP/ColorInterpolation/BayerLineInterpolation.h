@@ -46,7 +46,7 @@ public:
 
   /// The whole line into pOut[0..w-1].
   template <unsigned SiteParity, bool BiCubic>
-  VY_BAYER_KERNEL static void Line(const Sample* __restrict s, Sample* __restrict pOut, size_t w, Wide nMax) {
+  VY_KERNEL_CLONES static void Line(const Sample* __restrict s, Sample* __restrict pOut, size_t w, Wide nMax) {
     constexpr size_t q = SiteParity;
     // Middle pairs (site 2k + q, non-site 2k + q + 1) where the non-site
     // needs no border rule.

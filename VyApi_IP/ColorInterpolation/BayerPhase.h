@@ -7,15 +7,7 @@
 
 #include <cstdint>
 
-// Line and image kernels are built twice, for AVX2 and for the x86-64
-// baseline, from the same C++; the loader picks one per process (GCC/Clang
-// target_clones, an ELF ifunc). Both builds compute the same values; only
-// the vector width differs.
-#if defined(__x86_64__) && (defined(__GNUC__) || defined(__clang__))
-#define VY_BAYER_KERNEL __attribute__((target_clones("avx2", "default")))
-#else
-#define VY_BAYER_KERNEL
-#endif
+#include "Kernels/KernelClones.h"
 
 namespace VyApi {
 

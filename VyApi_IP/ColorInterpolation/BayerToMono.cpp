@@ -42,7 +42,7 @@ public:
 
 private:
   template <unsigned RowParity>
-  VY_BAYER_KERNEL static void mLine(const Sample* s, const Sample* t, Sample* pPlanes, Sample* __restrict pDest, size_t w) {
+  VY_KERNEL_CLONES static void mLine(const Sample* s, const Sample* t, Sample* pPlanes, Sample* __restrict pDest, size_t w) {
     using Window = CBayerWindow2x2<Sample, Phase, RowParity>;
     Sample* __restrict pR = pPlanes + (Window::eOwnColour == BayerColour_R ? 0 : w);
     Sample* __restrict pB = pPlanes + (Window::eOwnColour == BayerColour_R ? w : 0);

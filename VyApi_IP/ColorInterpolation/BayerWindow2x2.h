@@ -34,7 +34,7 @@ public:
   /// The whole line r (samples s) with partner line t into three planes;
   /// without WithColours only green is written (pOwn and pPart unused).
   template <bool WithColours = true>
-  VY_BAYER_KERNEL static void Line(const Sample* __restrict s, const Sample* __restrict t, Sample* __restrict pOwn,
+  VY_KERNEL_CLONES static void Line(const Sample* __restrict s, const Sample* __restrict t, Sample* __restrict pOwn,
                    Sample* __restrict pPart, Sample* __restrict pG, size_t w) {
     const size_t nPairs = (w - 1) / 2;  // pairs (2k, 2k + 1) whose windows end inside the line
     for (size_t k = 0; k < nPairs; ++k) {

@@ -96,7 +96,7 @@ private:
 
   /// Both passes in one sweep over destination lines; pass-1 colours of the
   /// lines d - 3 .. d + 3 are kept in a ring of eight lines.
-  VY_BAYER_KERNEL static void mRunSweep(const SBayerJob& job) {
+  VY_KERNEL_CLONES static void mRunSweep(const SBayerJob& job) {
     const size_t w = job.nWidth, h = job.nHeight;
     const typename Interp::Wide nMax = mMax(job);
     CBayerLinePlanes<Sample> planes(job);

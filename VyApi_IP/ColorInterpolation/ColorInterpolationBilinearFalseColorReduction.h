@@ -26,7 +26,7 @@ class CColorInterpolationBilinearFalseColorReduction {
 
 public:
   /// Raises std::bad_alloc for the line buffers.
-  VY_BAYER_KERNEL static void Run(const SBayerJob& job) {
+  VY_KERNEL_CLONES static void Run(const SBayerJob& job) {
     CBayerLinePlanes<Sample> planes(job);
     std::vector<Wide> vecSites(job.nWidth / 2 + 1);
     const size_t h = job.nHeight;
@@ -78,7 +78,7 @@ private:
   }
 
   template <EBayerColour_t Colour>
-  VY_BAYER_KERNEL static void mColourLine(const SBayerJob& job, size_t r, Sample* __restrict pOut,
+  VY_KERNEL_CLONES static void mColourLine(const SBayerJob& job, size_t r, Sample* __restrict pOut,
                                           Wide* __restrict pSites) {
     constexpr unsigned q = mSiteColParity(Colour);
     const size_t w = job.nWidth;

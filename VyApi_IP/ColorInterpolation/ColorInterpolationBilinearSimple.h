@@ -29,7 +29,7 @@ template <typename Sample, EBayerPhase_t Phase>
 class CColorInterpolationBilinearSimple {
 public:
   /// Raises std::bad_alloc for the line buffers.
-  VY_BAYER_KERNEL static void Run(const SBayerJob& job) {
+  VY_KERNEL_CLONES static void Run(const SBayerJob& job) {
     const size_t w = job.nWidth, h = job.nHeight;
     CBayerLinePlanes<Sample> planes(job);
     // H of the non-green colour of three consecutive lines, by r % 3.

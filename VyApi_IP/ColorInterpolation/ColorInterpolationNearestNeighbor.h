@@ -15,7 +15,7 @@ template <typename Sample, EBayerPhase_t Phase>
 class CColorInterpolationNearestNeighbor {
 public:
   /// Raises std::bad_alloc for the line buffers. Needs w >= 2 and h >= 2.
-  VY_BAYER_KERNEL static void Run(const SBayerJob& job) {
+  VY_KERNEL_CLONES static void Run(const SBayerJob& job) {
     CBayerLinePlanes<Sample> planes(job);
     const size_t h = job.nHeight;
     for (size_t r = 0; r < h; ++r) {

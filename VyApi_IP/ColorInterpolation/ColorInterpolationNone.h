@@ -12,7 +12,7 @@ template <typename Sample, EBayerPhase_t Phase>
 class CColorInterpolationNone {
 public:
   /// Raises std::bad_alloc for the line buffers.
-  VY_BAYER_KERNEL static void Run(const SBayerJob& job) {
+  VY_KERNEL_CLONES static void Run(const SBayerJob& job) {
     CBayerLinePlanes<Sample> planes(job);
     for (size_t r = 0; r < job.nHeight; ++r) {
       if (r & 1)

@@ -10,7 +10,7 @@ namespace {
 // One destination line: even columns take component iEven of their source
 // pixel, odd columns component iOdd.
 template <typename Sample, size_t N>
-VY_BAYER_KERNEL void SampleLine(const Sample* __restrict s, Sample* __restrict d, size_t w, size_t iEven, size_t iOdd) {
+VY_KERNEL_CLONES void SampleLine(const Sample* __restrict s, Sample* __restrict d, size_t w, size_t iEven, size_t iOdd) {
   const size_t nPairs = w / 2;
   for (size_t k = 0; k < nPairs; ++k) {
     d[2 * k] = s[2 * k * N + iEven];
