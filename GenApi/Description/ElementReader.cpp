@@ -162,14 +162,13 @@ void CElementReader::Reference(const SElement& Element, const std::string& What,
   m_Linker.Add(m_pOwner, What, Element.m_nLine, Target, Link, std::move(Bind));
 }
 
-bool CElementReader::IntProperty(const char* pLiteral, const char* pPointer, CValueProperty& Prop, bool Required) {
+bool CElementReader::mProperty(const char* pLiteral, const char* pPointer, CValueProperty& Prop, bool Required,
+                               const std::function<void(const SElement&)>& SetLiteral) {
   const SElement* lit = pLiteral ? Take(pLiteral) : nullptr;
   const SElement* ptr = pPointer ? Take(pPointer) : nullptr;
   if (lit && ptr) Fail(ptr, std::string("both ") + pLiteral + " and " + pPointer + " are given");
   if (lit) {
-    int64_t v;
-    if (!ParseInt(lit->m_strText, v)) Fail(lit, std::string(pLiteral) + " '" + lit->m_strText + "' is not an integer");
-    Prop.SetLiteral(v);
+    SetLiteral(*lit);
     return true;
   }
   if (ptr) {
@@ -179,42 +178,26 @@ bool CElementReader::IntProperty(const char* pLiteral, const char* pPointer, CVa
   }
   if (Required) FailMissing(std::string(pLiteral ? pLiteral : "") + (pLiteral && pPointer ? " or " : "") + (pPointer ? pPointer : ""));
   return false;
+}
+
+bool CElementReader::IntProperty(const char* pLiteral, const char* pPointer, CValueProperty& Prop, bool Required) {
+  return mProperty(pLiteral, pPointer, Prop, Required, [&](const SElement& lit) {
+    int64_t v;
+    if (!ParseInt(lit.m_strText, v)) Fail(&lit, std::string(pLiteral) + " '" + lit.m_strText + "' is not an integer");
+    Prop.SetLiteral(v);
+  });
 }
 
 bool CElementReader::FloatProperty(const char* pLiteral, const char* pPointer, CValueProperty& Prop, bool Required) {
-  const SElement* lit = pLiteral ? Take(pLiteral) : nullptr;
-  const SElement* ptr = pPointer ? Take(pPointer) : nullptr;
-  if (lit && ptr) Fail(ptr, std::string("both ") + pLiteral + " and " + pPointer + " are given");
-  if (lit) {
+  return mProperty(pLiteral, pPointer, Prop, Required, [&](const SElement& lit) {
     double v;
-    if (!ParseFloat(lit->m_strText, v)) Fail(lit, std::string(pLiteral) + " '" + lit->m_strText + "' is not a number");
+    if (!ParseFloat(lit.m_strText, v)) Fail(&lit, std::string(pLiteral) + " '" + lit.m_strText + "' is not a number");
     Prop.SetLiteral(v);
-    return true;
-  }
-  if (ptr) {
-    CValueProperty* p = &Prop;
-    Reference(*ptr, pPointer, ptr->m_strText, lkReads, [p](CNodeBase* n) { p->SetPointer(n); });
-    return true;
-  }
-  if (Required) FailMissing(std::string(pLiteral ? pLiteral : "") + (pLiteral && pPointer ? " or " : "") + (pPointer ? pPointer : ""));
-  return false;
+  });
 }
 
 bool CElementReader::TextProperty(const char* pLiteral, const char* pPointer, CValueProperty& Prop, bool Required) {
-  const SElement* lit = pLiteral ? Take(pLiteral) : nullptr;
-  const SElement* ptr = pPointer ? Take(pPointer) : nullptr;
-  if (lit && ptr) Fail(ptr, std::string("both ") + pLiteral + " and " + pPointer + " are given");
-  if (lit) {
-    Prop.SetLiteralText(lit->m_strText);
-    return true;
-  }
-  if (ptr) {
-    CValueProperty* p = &Prop;
-    Reference(*ptr, pPointer, ptr->m_strText, lkReads, [p](CNodeBase* n) { p->SetPointer(n); });
-    return true;
-  }
-  if (Required) FailMissing(std::string(pLiteral) + " or " + pPointer);
-  return false;
+  return mProperty(pLiteral, pPointer, Prop, Required, [&](const SElement& lit) { Prop.SetLiteralText(lit.m_strText); });
 }
 
 bool CElementReader::Pointer(const char* pName, CNodeBase*& Out, ELink_t Link) {

@@ -5,6 +5,7 @@
 #define GENAPI_DESCRIPTION_ELEMENTREADER_H
 
 #include <cstdint>
+#include <functional>
 #include <initializer_list>
 #include <string>
 #include <utility>
@@ -71,6 +72,10 @@ public:
   static bool ParseFloat(const std::string& Text, double& Out);
 
 private:
+  /// The literal-or-pointer rule shared by the typed property readers:
+  /// SetLiteral parses and stores a literal element.
+  bool mProperty(const char* pLiteral, const char* pPointer, CValueProperty& Prop, bool Required,
+                 const std::function<void(const SElement&)>& SetLiteral);
   template <class E>
   bool mEnum(const char* pName, E& Out, std::initializer_list<std::pair<const char*, E>> Values);
 
