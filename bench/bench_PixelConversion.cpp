@@ -14,6 +14,7 @@
 #include "PixelConversion/GvspPacking.h"
 #include "PixelConversion/MonoToColorConversion.h"
 #include "PixelConversion/Packed10p32.h"
+#include "PixelConversion/RawMonoConversion.h"
 #include "PixelConversion/SharedTableHolder.h"
 #include "PixelConversion/VyLookUpTableManager.h"
 
@@ -56,6 +57,44 @@ void Mono12pToMono16(benchmark::State& state) {
   state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(dst.size()));
 }
 BENCHMARK(Mono12pToMono16)->Unit(benchmark::kMicrosecond);
+
+void Mono10pToMono16(benchmark::State& state) {
+  const size_t sp = kWidth * 10 / 8, dp = kWidth * 2;
+  std::vector<uint8_t> src = RandomBytes(sp * kHeight), dst(dp * kHeight);
+  CVyLookUpTableManager m;
+  for (auto _ : state) {
+    CSharedTableHolder t(m, 10, 16);
+    ConverterPackedToUnpacked(src.data(), sp, dst.data(), dp, kWidth, kHeight, 10, 16, t.Get(), false);
+    benchmark::ClobberMemory();
+  }
+  state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(dst.size()));
+}
+BENCHMARK(Mono10pToMono16)->Unit(benchmark::kMicrosecond);
+
+void GvspMono12PackedToMono16(benchmark::State& state) {
+  const size_t sp = kWidth * 3 / 2, dp = kWidth * 2;
+  std::vector<uint8_t> src = RandomBytes(sp * kHeight), dst(dp * kHeight);
+  CVyLookUpTableManager m;
+  for (auto _ : state) {
+    CSharedTableHolder t(m, 12, 16);
+    ConverterGEVPackedToUnpacked(src.data(), sp, dst.data(), dp, kWidth, kHeight, 12, 16, t.Get(), false);
+    benchmark::ClobberMemory();
+  }
+  state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(dst.size()));
+}
+BENCHMARK(GvspMono12PackedToMono16)->Unit(benchmark::kMicrosecond);
+
+void Mono8ToMono16(benchmark::State& state) {
+  std::vector<uint8_t> src = RandomBytes(kWidth * kHeight), dst(2 * kWidth * kHeight);
+  CVyLookUpTableManager m;
+  for (auto _ : state) {
+    CSharedTableHolder t(m, 8, 16);
+    ConverterRawMono8ToRawMono16(src.data(), kWidth, dst.data(), 2 * kWidth, kWidth, kHeight, 8, t.Get(), false);
+    benchmark::ClobberMemory();
+  }
+  state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(dst.size()));
+}
+BENCHMARK(Mono8ToMono16)->Unit(benchmark::kMicrosecond);
 
 void Mono12pToMono12(benchmark::State& state) {
   const size_t sp = kWidth * 12 / 8, dp = kWidth * 2;

@@ -78,9 +78,10 @@ VY_KERNEL_INLINE void unpackImage(const void* pSrc, size_t nSrcLinePitch, void* 
     unpackLine<N, Y, UseTable>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, store);
 }
 
-/// One line through a shift table: chunks of the line are unpacked into
-/// 16-bit cells on the stack by the plain (vectorised) reader, then shifted.
-/// A chunk is a whole number of bytes of the stream for every N.
+/// One line through a computed table (a shift or a stretch): the vector body
+/// where there is one, then chunks of the line unpacked into 16-bit cells on
+/// the stack by the plain (vectorised) reader and mapped. A chunk is a whole
+/// number of bytes of the stream for every N.
 template <int N, typename Y>
 VY_KERNEL_INLINE void unpackLineTable(const uint8_t* __restrict pSrc, Y* __restrict pDest, size_t nWidth,
                                       const STableShape& shape) {
@@ -88,7 +89,13 @@ VY_KERNEL_INLINE void unpackLineTable(const uint8_t* __restrict pSrc, Y* __restr
   uint16_t aBuf[kChunk];
   const SStore<uint16_t, false> plain{nullptr};
   size_t x0 = 0;  // a multiple of 8 pixels, thus of whole bytes
-  if constexpr (N == 12) x0 = SimdUnpack12pShiftLine(pSrc, pDest, nWidth, unsigned(shape.nShift));
+  if constexpr (N == 10 || N == 12) {
+    if (shape.nShift >= 0) {
+      x0 = SimdUnpackPackedShiftLine(pSrc, pDest, nWidth, N, unsigned(shape.nShift));
+    } else if constexpr (sizeof(Y) == 2) {
+      x0 = SimdUnpackPackedStretchLine(pSrc, pDest, nWidth, N, shape.stretch);
+    }
+  }
   for (size_t x = x0; x < nWidth; x += kChunk) {
     const size_t n = nWidth - x < kChunk ? nWidth - x : kChunk;
     unpackLine<N, uint16_t, false>(pSrc + x / 8 * N, aBuf, n, plain);
@@ -100,7 +107,7 @@ template <int N, typename Y>
 VY_KERNEL_INLINE void unpackImageTable(const void* pSrc, size_t nSrcLinePitch, void* pDest, size_t nDestLinePitch,
                                        size_t nWidth, size_t nHeight, const uint16_t* pTable, bool bReverseY) {
   const STableShape shape = STableShape::Of(pTable, N);
-  if (shape.nShift < 0) {
+  if (!shape.IsComputed()) {
     // Entries to read: one load a sample either way, and the fused reader
     // does it without the round trip through the stack.
     unpackImage<N, Y, true>(pSrc, nSrcLinePitch, pDest, nDestLinePitch, nWidth, nHeight, pTable, bReverseY);

@@ -38,15 +38,22 @@ VY_KERNEL_INLINE void gevUnpackLine(const uint8_t* __restrict pSrc, Y* __restric
   }
 }
 
-/// One line through a shift table: chunks of pairs unpacked into 16-bit
-/// cells on the stack by the plain (vectorised) reader, then shifted.
+/// One line through a computed table (a shift or a stretch): the vector body
+/// where there is one, then chunks of pairs unpacked into 16-bit cells on the
+/// stack by the plain (vectorised) reader and mapped.
 template <int S, typename Y>
 VY_KERNEL_INLINE void gevUnpackLineTable(const uint8_t* __restrict pSrc, Y* __restrict pDest, size_t nWidth,
                                          const STableShape& shape) {
   constexpr size_t kChunk = 1024;  // pixels, an even number
   uint16_t aBuf[kChunk];
   size_t x0 = 0;  // an even number of pixels
-  if constexpr (S == 4) x0 = SimdUnpackGvsp12ShiftLine(pSrc, pDest, nWidth, unsigned(shape.nShift));
+  if constexpr (S == 4) {
+    if (shape.nShift >= 0) {
+      x0 = SimdUnpackGvsp12ShiftLine(pSrc, pDest, nWidth, unsigned(shape.nShift));
+    } else if constexpr (sizeof(Y) == 2) {
+      x0 = SimdUnpackGvsp12StretchLine(pSrc, pDest, nWidth, shape.stretch);
+    }
+  }
   for (size_t x = x0; x < nWidth; x += kChunk) {
     const size_t n = nWidth - x < kChunk ? nWidth - x : kChunk;
     gevUnpackLine<S, uint16_t, false>(pSrc + x / 2 * 3, aBuf, n, nullptr);
@@ -60,7 +67,7 @@ VY_KERNEL_INLINE void gevUnpackImage(const void* pSrc, size_t nSrcLinePitch, voi
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
   if constexpr (UseTable) {
     const STableShape shape = STableShape::Of(pTable, S + 8);
-    if (shape.nShift >= 0) {
+    if (shape.IsComputed()) {
       for (size_t y = 0; y < nHeight; ++y, dest.Next())
         gevUnpackLineTable<S, Y>(SrcLine<uint8_t>(pSrc, nSrcLinePitch, y), dest.Line<Y>(), nWidth, shape);
     } else {

@@ -29,10 +29,12 @@ VY_KERNEL_INLINE void ConverterRawMonoXToRawMonoY_t(const void* pSrc, size_t nSr
                                                      size_t nInputBitCount, const uint16_t* pTable, bool bReverseY) {
   VY_ASSERT(pTable != nullptr || (std::is_same<X, Y>::value));
   CDestLines dest(pDest, nDestLinePitch, nHeight, bReverseY);
-  // 16-bit sources are range-checked before the table is applied, so a
-  // shift table may stand in for its entries.
+  // Samples are range-checked before the table is applied, so a shift or a
+  // stretch may stand in for its entries. An 8-bit source's table is only
+  // worth the check when it widens (a reduction reads its 256 entries as
+  // fast as it would shift).
   STableShape shape;
-  if constexpr (sizeof(X) == 2) shape = STableShape::Of(pTable, nInputBitCount);
+  if (sizeof(X) == 2 || sizeof(Y) == 2) shape = STableShape::Of(pTable, nInputBitCount);
   for (size_t y = 0; y < nHeight; ++y, dest.Next()) {
     const X* __restrict pxSrcCurLine = SrcLine<X>(pSrc, nSrcLinePitch, y);
     Y* __restrict pxDestCurLine = dest.Line<Y>();
@@ -40,7 +42,7 @@ VY_KERNEL_INLINE void ConverterRawMonoXToRawMonoY_t(const void* pSrc, size_t nSr
       for (size_t x = 0; x < nWidth; ++x) VY_ASSERT(pxSrcCurLine[x] < (1 << nInputBitCount));
     }
     if (pTable != nullptr) {
-      if constexpr (sizeof(X) == 2) {
+      if (sizeof(X) == 2 || shape.IsComputed()) {
         ApplyTableShape(pxSrcCurLine, pxDestCurLine, nWidth, shape);
       } else {
         for (size_t x = 0; x < nWidth; ++x) pxDestCurLine[x] = static_cast<Y>(pTable[pxSrcCurLine[x]]);

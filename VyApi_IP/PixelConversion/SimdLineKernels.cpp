@@ -125,14 +125,14 @@ VY_TARGET_SSSE3 size_t UnpackGvspSsse3(const uint8_t* pSrc, uint16_t* pDest, siz
   return x;
 }
 
-// 32 pixels of a 12-bit stream (48 bytes) per step from one 64-byte load:
-// a byte permute puts the two bytes that hold each value into its 16-bit
-// lane, a per-lane shift drops the other value's nibble and applies the
-// table's shift, a mask keeps the value's bits.
+// 32 pixels of a 10- or 12-bit stream (40 or 48 bytes) per step from one
+// 64-byte load: a byte permute puts the two bytes that hold each value into
+// its 16-bit lane, a per-lane shift drops the bits of the value before it and
+// applies the table's shift, a mask keeps the value's bits.
 // (Mask forms throughout: GCC 12 warns on the unmasked ones.)
 #define VY_TARGET_VBMI __attribute__((target("avx512f,avx512bw,avx512vbmi")))
 
-VY_TARGET_VBMI inline __m512i Stream12Words(const uint8_t* p, __m512i perm, __m512i counts, __m512i mask) {
+VY_TARGET_VBMI inline __m512i StreamWords(const uint8_t* p, __m512i perm, __m512i counts, __m512i mask) {
   const __m512i v = _mm512_maskz_permutexvar_epi8(~__mmask64(0), perm, _mm512_loadu_si512(p));
   return _mm512_and_si512(_mm512_srlv_epi16(v, counts), mask);
 }
@@ -153,30 +153,48 @@ VY_TARGET_VBMI inline void StoreWords(uint8_t* p, __m512i v) {
 }
 VY_TARGET_VBMI inline void StoreWords(uint16_t* p, __m512i v) { _mm512_storeu_si512(p, v); }
 
-template <typename Y>
-VY_TARGET_VBMI size_t Unpack12pShiftVbmi(const uint8_t* pSrc, Y* pDest, size_t nWidth, unsigned nShift) {
+/// What the unpacked values become: the identity (a shift already applied
+/// while unpacking) or the rounded stretch, the integer steps of SStretch in
+/// 16-bit lanes.
+struct SKeep {
+  VY_TARGET_VBMI __m512i operator()(__m512i v) const { return v; }
+};
+
+struct SStretchWords {
+  __m512i r, h, m;
+  __m128i left, right;
+  VY_TARGET_VBMI explicit SStretchWords(const SStretch& f)
+      : r(_mm512_set1_epi16(short(f.nR))), h(_mm512_set1_epi16(short(f.nH))), m(_mm512_set1_epi16(short(f.nM))),
+        left(_mm_cvtsi32_si128(f.nLeft)), right(_mm_cvtsi32_si128(f.nRight)) {}
+  VY_TARGET_VBMI __m512i operator()(__m512i v) const {
+    const __m512i t = _mm512_add_epi16(_mm512_mullo_epi16(v, r), h);
+    return _mm512_add_epi16(_mm512_sll_epi16(v, left), _mm512_srl_epi16(_mm512_mulhi_epu16(t, m), right));
+  }
+};
+
+template <int N, typename Y, typename Map>
+VY_TARGET_VBMI size_t UnpackStreamVbmi(const uint8_t* pSrc, Y* pDest, size_t nWidth, unsigned nShift, Map map) {
   alignas(64) uint8_t aPerm[64];
   alignas(64) uint16_t aCount[32];
-  for (int k = 0; k < 16; ++k) {
-    aPerm[4 * k + 0] = uint8_t(3 * k);
-    aPerm[4 * k + 1] = uint8_t(3 * k + 1);
-    aPerm[4 * k + 2] = uint8_t(3 * k + 1);
-    aPerm[4 * k + 3] = uint8_t(3 * k + 2);
-    aCount[2 * k] = uint16_t(nShift);
-    aCount[2 * k + 1] = uint16_t(4 + nShift);
+  for (int k = 0; k < 32; ++k) {
+    // Value k starts at bit N k: in byte N k / 8, N k % 8 bits up (at most
+    // 6 for N = 10, so the value stays inside the two bytes).
+    aPerm[2 * k] = uint8_t(N * k / 8);
+    aPerm[2 * k + 1] = uint8_t(N * k / 8 + 1);
+    aCount[k] = uint16_t(N * k % 8 + nShift);
   }
   const __m512i perm = _mm512_load_si512(aPerm);
   const __m512i counts = _mm512_load_si512(aCount);
-  const __m512i mask = _mm512_set1_epi16(short(0x0FFF >> nShift));
-  const size_t nLineBytes = (nWidth * 12 + 7) / 8;
+  const __m512i mask = _mm512_set1_epi16(short(((1 << N) - 1) >> nShift));
+  const size_t nLineBytes = (nWidth * N + 7) / 8;
   size_t x = 0;
-  for (; x + 32 <= nWidth && x / 2 * 3 + 64 <= nLineBytes; x += 32)
-    StoreWords(pDest + x, Stream12Words(pSrc + x / 2 * 3, perm, counts, mask));
+  for (; x + 32 <= nWidth && x * N / 8 + 64 <= nLineBytes; x += 32)
+    StoreWords(pDest + x, map(StreamWords(pSrc + x * N / 8, perm, counts, mask)));
   return x;
 }
 
-template <typename Y>
-VY_TARGET_VBMI size_t UnpackGvsp12ShiftVbmi(const uint8_t* pSrc, Y* pDest, size_t nWidth, unsigned nShift) {
+template <typename Y, typename Map>
+VY_TARGET_VBMI size_t UnpackGvsp12Vbmi(const uint8_t* pSrc, Y* pDest, size_t nWidth, unsigned nShift, Map map) {
   alignas(64) uint8_t aPerm[64];
   for (int k = 0; k < 16; ++k) {
     aPerm[4 * k + 0] = uint8_t(3 * k + 1);
@@ -188,8 +206,27 @@ VY_TARGET_VBMI size_t UnpackGvsp12ShiftVbmi(const uint8_t* pSrc, Y* pDest, size_
   const size_t nLineBytes = nWidth / 2 * 3 + (nWidth & 1) * 2;
   size_t x = 0;
   for (; x + 32 <= nWidth && x / 2 * 3 + 64 <= nLineBytes; x += 32)
-    StoreWords(pDest + x, GvspWords(pSrc + x / 2 * 3, perm, nShift));
+    StoreWords(pDest + x, map(GvspWords(pSrc + x / 2 * 3, perm, nShift)));
   return x;
+}
+
+template <typename Y>
+VY_TARGET_VBMI size_t UnpackPackedShiftVbmi(const uint8_t* pSrc, Y* pDest, size_t nWidth, int nBits,
+                                            unsigned nShift) {
+  return nBits == 12 ? UnpackStreamVbmi<12>(pSrc, pDest, nWidth, nShift, SKeep())
+                     : UnpackStreamVbmi<10>(pSrc, pDest, nWidth, nShift, SKeep());
+}
+
+VY_TARGET_VBMI size_t UnpackPackedStretchVbmi(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits,
+                                              const SStretch& f) {
+  const SStretchWords map(f);
+  return nBits == 12 ? UnpackStreamVbmi<12>(pSrc, pDest, nWidth, 0, map)
+                     : UnpackStreamVbmi<10>(pSrc, pDest, nWidth, 0, map);
+}
+
+VY_TARGET_VBMI size_t UnpackGvsp12StretchVbmi(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth,
+                                              const SStretch& f) {
+  return UnpackGvsp12Vbmi(pSrc, pDest, nWidth, 0, SStretchWords(f));
 }
 
 bool DetectVbmi() {
@@ -205,17 +242,24 @@ bool HasVbmi() {
 
 }  // namespace
 
-size_t SimdUnpack12pShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, unsigned nShift) {
-  return HasVbmi() ? Unpack12pShiftVbmi(pSrc, pDest, nWidth, nShift) : 0;
+size_t SimdUnpackPackedShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nBits, unsigned nShift) {
+  return HasVbmi() ? UnpackPackedShiftVbmi(pSrc, pDest, nWidth, nBits, nShift) : 0;
 }
-size_t SimdUnpack12pShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, unsigned nShift) {
-  return HasVbmi() ? Unpack12pShiftVbmi(pSrc, pDest, nWidth, nShift) : 0;
+size_t SimdUnpackPackedShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits, unsigned nShift) {
+  return HasVbmi() ? UnpackPackedShiftVbmi(pSrc, pDest, nWidth, nBits, nShift) : 0;
+}
+size_t SimdUnpackPackedStretchLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits,
+                                   const SStretch& f) {
+  return HasVbmi() ? UnpackPackedStretchVbmi(pSrc, pDest, nWidth, nBits, f) : 0;
 }
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, unsigned nShift) {
-  return HasVbmi() ? UnpackGvsp12ShiftVbmi(pSrc, pDest, nWidth, nShift) : 0;
+  return HasVbmi() ? UnpackGvsp12Vbmi(pSrc, pDest, nWidth, nShift, SKeep()) : 0;
 }
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, unsigned nShift) {
-  return HasVbmi() ? UnpackGvsp12ShiftVbmi(pSrc, pDest, nWidth, nShift) : 0;
+  return HasVbmi() ? UnpackGvsp12Vbmi(pSrc, pDest, nWidth, nShift, SKeep()) : 0;
+}
+size_t SimdUnpackGvsp12StretchLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, const SStretch& f) {
+  return HasVbmi() ? UnpackGvsp12StretchVbmi(pSrc, pDest, nWidth, f) : 0;
 }
 
 bool HasSsse3() {
@@ -244,10 +288,12 @@ size_t SimdBGR8ToMono8Line(const uint8_t*, uint8_t*, size_t, bool) { return 0; }
 size_t SimdSwapRB8Line(const uint8_t*, uint8_t*, size_t) { return 0; }
 size_t SimdUnpack12pLine(const uint8_t*, uint16_t*, size_t) { return 0; }
 size_t SimdUnpackGvspLine(const uint8_t*, uint16_t*, size_t, int) { return 0; }
-size_t SimdUnpack12pShiftLine(const uint8_t*, uint8_t*, size_t, unsigned) { return 0; }
-size_t SimdUnpack12pShiftLine(const uint8_t*, uint16_t*, size_t, unsigned) { return 0; }
+size_t SimdUnpackPackedShiftLine(const uint8_t*, uint8_t*, size_t, int, unsigned) { return 0; }
+size_t SimdUnpackPackedShiftLine(const uint8_t*, uint16_t*, size_t, int, unsigned) { return 0; }
+size_t SimdUnpackPackedStretchLine(const uint8_t*, uint16_t*, size_t, int, const SStretch&) { return 0; }
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t*, uint8_t*, size_t, unsigned) { return 0; }
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t*, uint16_t*, size_t, unsigned) { return 0; }
+size_t SimdUnpackGvsp12StretchLine(const uint8_t*, uint16_t*, size_t, const SStretch&) { return 0; }
 
 #endif
 

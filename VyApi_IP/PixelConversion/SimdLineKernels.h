@@ -11,6 +11,8 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "PixelConversion/TableShape.h"
+
 namespace VyApi {
 namespace PixelConversion {
 
@@ -26,14 +28,20 @@ size_t SimdUnpack12pLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth);
 /// GVSP pairs of depth 8 + nLowBits (2 or 4) to 16-bit cells, values unchanged.
 size_t SimdUnpackGvspLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nLowBits);
 
-/// 12-bit LSB-first stream to cells holding each value >> nShift (0..11),
-/// as a shift table maps it; 8-bit cells take the low byte. AVX-512 VBMI
-/// only; returns a multiple of 32 pixels, 0 elsewhere.
-size_t SimdUnpack12pShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, unsigned nShift);
-size_t SimdUnpack12pShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, unsigned nShift);
+/// 10- or 12-bit (nBits) LSB-first stream to cells holding each value >>
+/// nShift (0..nBits-1), as a shift table maps it; 8-bit cells take the low
+/// byte. AVX-512 VBMI only; returns a multiple of 32 pixels, 0 elsewhere.
+size_t SimdUnpackPackedShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nBits, unsigned nShift);
+size_t SimdUnpackPackedShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits, unsigned nShift);
+/// The same stream to cells holding the rounded stretch f of each value,
+/// f made for source depth nBits.
+size_t SimdUnpackPackedStretchLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits,
+                                   const SStretch& f);
 /// GVSP pairs of depth 12 to cells holding each value >> nShift, likewise.
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, unsigned nShift);
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, unsigned nShift);
+/// GVSP pairs of depth 12 to cells holding the rounded stretch f of each value.
+size_t SimdUnpackGvsp12StretchLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, const SStretch& f);
 
 }  // namespace PixelConversion
 }  // namespace VyApi
