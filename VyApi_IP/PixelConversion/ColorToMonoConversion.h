@@ -40,8 +40,8 @@ VY_KERNEL_INLINE void ConverterBGRToMono_t(const void* pSrc, size_t nSrcLinePitc
       }
     } else {
       size_t x = 0;
-      if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value && SC == 3)
-        x = SimdBGR8ToMono8Line(pxSrc, pxDest, nWidth, BGR);
+      if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value)
+        x = SimdColorToMono8Line(pxSrc, pxDest, nWidth, SC, BGR);
       for (; x < nWidth; ++x) {
         const X* p = pxSrc + SC * x;
         pxDest[x] = static_cast<Y>(MonoFromRGB(p[R], p[1], p[B]));

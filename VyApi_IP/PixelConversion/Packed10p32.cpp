@@ -7,6 +7,7 @@
 
 #include "PixelConversion/ColorLayout.h"
 #include "PixelConversion/PixelKernelSupport.h"
+#include "PixelConversion/SimdLineKernels.h"
 #include "PixelConversion/TableShape.h"
 
 namespace VyApi {
@@ -15,7 +16,9 @@ namespace PixelConversion {
 namespace {
 
 /// What a 10-bit field becomes on the reading side: itself, its table entry,
-/// or, for a shift table, the field shifted (no load, so the loop vectorises).
+/// or, for a shift table, the field shifted (no load, so the loop vectorises;
+/// to 8-bit cells a hand-written line body does it, as three-byte pixels
+/// defeat the compiler's vectoriser).
 enum EFieldMap_t { FieldMap_Plain, FieldMap_Table, FieldMap_Shift };
 
 template <typename Y, int DC, bool Swap, EFieldMap_t Map>
@@ -33,7 +36,10 @@ VY_KERNEL_INLINE void readImage(const void* pSrc, size_t nSrcLinePitch, void* pD
   for (size_t y = 0; y < nHeight; ++y, dest.Next()) {
     const uint8_t* __restrict ps = SrcLine<uint8_t>(pSrc, nSrcLinePitch, y);
     Y* __restrict pd = dest.Line<Y>();
-    for (size_t x = 0; x < nWidth; ++x) {
+    size_t x = 0;
+    if constexpr (Map == FieldMap_Shift && std::is_same<Y, uint8_t>::value)
+      x = SimdUnpack10p32ShiftLine(ps, pd, nWidth, DC, Swap, nShift);
+    for (; x < nWidth; ++x) {
       uint32_t w;
       std::memcpy(&w, ps + 4 * x, sizeof(w));
       const uint32_t f0 = w & 0x3FF;

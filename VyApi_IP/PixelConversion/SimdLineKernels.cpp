@@ -229,6 +229,161 @@ VY_TARGET_VBMI size_t UnpackGvsp12StretchVbmi(const uint8_t* pSrc, uint16_t* pDe
   return UnpackGvsp12Vbmi(pSrc, pDest, nWidth, 0, SStretchWords(f));
 }
 
+// Colour to mono, 64 pixels a step. The rule 2R + 5G + B (then >> 3) is a
+// pair of byte dot products: pmaddubsw of (R, G) with (2, 5) plus (B, G) with
+// (1, 0); at most 1785 + 255, so no 16-bit lane saturates, and the sum is the
+// scalar ((2G + R) * 2 + G + B) exactly. Masked loads and stores let the last
+// partial step stay inside the line, so the whole line is done here.
+inline uint64_t LowBytes(size_t n) { return n >= 64 ? ~uint64_t(0) : (uint64_t(1) << n) - 1; }
+inline size_t Rest(size_t n, size_t nDone) { return n > nDone ? n - nDone : 0; }
+
+struct SMono3Vbmi {
+  __m512i rg, bg, pack, wRG, wBG;
+  VY_TARGET_VBMI explicit SMono3Vbmi(bool bBGR) {
+    alignas(64) uint8_t aRG[64], aBG[64], aPack[64], aW1[64], aW2[64];
+    for (int p = 0; p < 32; ++p) {
+      aRG[2 * p] = uint8_t(3 * p + (bBGR ? 2 : 0));
+      aBG[2 * p] = uint8_t(3 * p + (bBGR ? 0 : 2));
+      aRG[2 * p + 1] = aBG[2 * p + 1] = uint8_t(3 * p + 1);
+      aW1[2 * p] = 2, aW1[2 * p + 1] = 5;
+      aW2[2 * p] = 1, aW2[2 * p + 1] = 0;
+    }
+    for (int k = 0; k < 64; ++k) aPack[k] = uint8_t(2 * k);  // low bytes of both registers' words
+    rg = _mm512_load_si512(aRG), bg = _mm512_load_si512(aBG), pack = _mm512_load_si512(aPack);
+    wRG = _mm512_load_si512(aW1), wBG = _mm512_load_si512(aW2);
+  }
+  // 32 pixels from the 128 bytes of lo:hi that start at byte 'off' (0 or 32).
+  VY_TARGET_VBMI __m512i Half(__m512i lo, __m512i hi, __m512i off) const {
+    const __m512i a = _mm512_permutex2var_epi8(lo, _mm512_add_epi8(rg, off), hi);
+    const __m512i b = _mm512_permutex2var_epi8(lo, _mm512_add_epi8(bg, off), hi);
+    return _mm512_srli_epi16(_mm512_add_epi16(_mm512_maddubs_epi16(a, wRG), _mm512_maddubs_epi16(b, wBG)), 3);
+  }
+  VY_TARGET_VBMI __m512i Step(__m512i a, __m512i b, __m512i c) const {
+    return _mm512_permutex2var_epi8(Half(a, b, _mm512_setzero_si512()), pack, Half(b, c, _mm512_set1_epi8(32)));
+  }
+};
+
+VY_TARGET_VBMI size_t ColorToMono8Vbmi3(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bBGR) {
+  const SMono3Vbmi k(bBGR);
+  size_t x = 0;
+  for (; x + 64 <= nWidth; x += 64) {
+    const uint8_t* p = pSrc + 3 * x;
+    _mm512_storeu_si512(pDest + x,
+                        k.Step(_mm512_loadu_si512(p), _mm512_loadu_si512(p + 64), _mm512_loadu_si512(p + 128)));
+  }
+  if (x < nWidth) {
+    const uint8_t* p = pSrc + 3 * x;
+    const size_t nBytes = 3 * (nWidth - x);
+    const __m512i a = _mm512_maskz_loadu_epi8(LowBytes(nBytes), p);
+    const __m512i b = _mm512_maskz_loadu_epi8(LowBytes(Rest(nBytes, 64)), p + 64);
+    const __m512i c = _mm512_maskz_loadu_epi8(LowBytes(Rest(nBytes, 128)), p + 128);
+    _mm512_mask_storeu_epi8(pDest + x, LowBytes(nWidth - x), k.Step(a, b, c));
+  }
+  return nWidth;
+}
+
+// Four-cell pixels: one dot product gives (B + 5G, 2R) per pixel, a second
+// (madd with ones) the sum in a 32-bit lane; two packs and a dword permute
+// restore the pixel order of four registers.
+VY_TARGET_VBMI size_t ColorToMono8Vbmi4(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bBGR) {
+  const __m512i w = _mm512_set1_epi32(bBGR ? 0x00020501 : 0x00010502);
+  const __m512i ones = _mm512_set1_epi16(1);
+  alignas(64) int32_t aOrder[16];
+  for (int k = 0; k < 16; ++k) aOrder[k] = 4 * (k % 4) + k / 4;
+  const __m512i order = _mm512_load_si512(aOrder);
+  auto mono = [&](__m512i v) VY_TARGET_VBMI {
+    return _mm512_maskz_srli_epi32(__mmask16(0xFFFF), _mm512_madd_epi16(_mm512_maddubs_epi16(v, w), ones), 3);
+  };
+  auto step = [&](__m512i a, __m512i b, __m512i c, __m512i d) VY_TARGET_VBMI {
+    const __m512i ab = _mm512_packus_epi32(mono(a), mono(b));
+    const __m512i cd = _mm512_packus_epi32(mono(c), mono(d));
+    return _mm512_maskz_permutexvar_epi32(__mmask16(0xFFFF), order, _mm512_packus_epi16(ab, cd));
+  };
+  size_t x = 0;
+  for (; x + 64 <= nWidth; x += 64) {
+    const uint8_t* p = pSrc + 4 * x;
+    _mm512_storeu_si512(pDest + x, step(_mm512_loadu_si512(p), _mm512_loadu_si512(p + 64),
+                                        _mm512_loadu_si512(p + 128), _mm512_loadu_si512(p + 192)));
+  }
+  if (x < nWidth) {
+    const uint8_t* p = pSrc + 4 * x;
+    const size_t nBytes = 4 * (nWidth - x);
+    __m512i v[4];
+    for (int i = 0; i < 4; ++i) v[i] = _mm512_maskz_loadu_epi8(LowBytes(Rest(nBytes, 64 * i)), p + 64 * i);
+    _mm512_mask_storeu_epi8(pDest + x, LowBytes(nWidth - x), step(v[0], v[1], v[2], v[3]));
+  }
+  return nWidth;
+}
+
+// RGB10p32/CBGR10p32 words to 8-bit pixels through a shift table. Each field
+// k goes to its cell with one rotate and a mask: rotating the word right by
+// 10 k + shift - 8 cell brings the field's kept bits to the cell's byte, and
+// the mask (the field's bits above the shift, at most a byte) drops the rest.
+// Four-cell pixels are then stored with the alpha bytes masked out; three-cell
+// ones are compacted, 64 pixels into three registers, by byte permutes.
+struct S10p32Vbmi {
+  __m512i rot[3], mask[3], pack[3];
+  VY_TARGET_VBMI S10p32Vbmi(bool bSwap, unsigned nShift) {
+    const uint32_t m = (0x3FFu >> nShift) & 0xFFu;
+    for (int f = 0; f < 3; ++f) {
+      const int nCell = f == 1 ? 1 : ((f == 0) != bSwap ? 0 : 2);
+      rot[f] = _mm512_set1_epi32(int((10 * f + int(nShift) - 8 * nCell + 32) % 32));
+      mask[f] = _mm512_set1_epi32(int(m << (8 * nCell)));
+    }
+    alignas(64) uint8_t aPack[3][64];
+    for (int j = 0; j < 3; ++j)
+      for (int k = 0; k < 64; ++k) aPack[j][k] = uint8_t(4 * ((64 * j + k) / 3 - 16 * j) + (64 * j + k) % 3);
+    for (int j = 0; j < 3; ++j) pack[j] = _mm512_load_si512(aPack[j]);
+  }
+  VY_TARGET_VBMI __m512i Pixels(__m512i w) const {
+    const __m512i a = _mm512_and_si512(_mm512_maskz_rorv_epi32(__mmask16(0xFFFF), w, rot[0]), mask[0]);
+    const __m512i b = _mm512_and_si512(_mm512_maskz_rorv_epi32(__mmask16(0xFFFF), w, rot[1]), mask[1]);
+    const __m512i c = _mm512_and_si512(_mm512_maskz_rorv_epi32(__mmask16(0xFFFF), w, rot[2]), mask[2]);
+    return _mm512_or_si512(_mm512_or_si512(a, b), c);
+  }
+};
+
+VY_TARGET_VBMI size_t Unpack10p32Vbmi3(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bSwap,
+                                       unsigned nShift) {
+  const S10p32Vbmi k(bSwap, nShift);
+  auto store = [&](uint8_t* pd, const __m512i (&px)[4], size_t nBytes) VY_TARGET_VBMI {
+    for (int j = 0; j < 3; ++j)
+      _mm512_mask_storeu_epi8(pd + 64 * j, LowBytes(Rest(nBytes, 64 * j)),
+                              _mm512_permutex2var_epi8(px[j], k.pack[j], px[j + 1]));
+  };
+  size_t x = 0;
+  for (; x + 64 <= nWidth; x += 64) {
+    __m512i px[4];
+    for (int i = 0; i < 4; ++i) px[i] = k.Pixels(_mm512_loadu_si512(pSrc + 4 * x + 64 * i));
+    uint8_t* pd = pDest + 3 * x;
+    for (int j = 0; j < 3; ++j)
+      _mm512_storeu_si512(pd + 64 * j, _mm512_permutex2var_epi8(px[j], k.pack[j], px[j + 1]));
+  }
+  if (x < nWidth) {
+    const size_t nBytes = 4 * (nWidth - x);
+    __m512i px[4];
+    for (int i = 0; i < 4; ++i)
+      px[i] = k.Pixels(_mm512_maskz_loadu_epi8(LowBytes(Rest(nBytes, 64 * i)), pSrc + 4 * x + 64 * i));
+    store(pDest + 3 * x, px, 3 * (nWidth - x));
+  }
+  return nWidth;
+}
+
+VY_TARGET_VBMI size_t Unpack10p32Vbmi4(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bSwap,
+                                       unsigned nShift) {
+  const S10p32Vbmi k(bSwap, nShift);
+  constexpr uint64_t kNoAlpha = 0x7777777777777777ull;
+  size_t x = 0;
+  for (; x + 16 <= nWidth; x += 16)
+    _mm512_mask_storeu_epi8(pDest + 4 * x, kNoAlpha, k.Pixels(_mm512_loadu_si512(pSrc + 4 * x)));
+  if (x < nWidth) {
+    const uint64_t nValid = LowBytes(4 * (nWidth - x));
+    _mm512_mask_storeu_epi8(pDest + 4 * x, kNoAlpha & nValid,
+                            k.Pixels(_mm512_maskz_loadu_epi8(nValid, pSrc + 4 * x)));
+  }
+  return nWidth;
+}
+
 bool DetectVbmi() {
   __builtin_cpu_init();
   return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
@@ -267,8 +422,17 @@ bool HasSsse3() {
   return bHas;
 }
 
-size_t SimdBGR8ToMono8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bSrcBGROrder) {
-  return HasSsse3() ? BGR8ToMono8Ssse3(pSrc, pDest, nWidth, bSrcBGROrder) : 0;
+size_t SimdColorToMono8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSrcBGROrder) {
+  if (HasVbmi())
+    return nCells == 3 ? ColorToMono8Vbmi3(pSrc, pDest, nWidth, bSrcBGROrder)
+                       : ColorToMono8Vbmi4(pSrc, pDest, nWidth, bSrcBGROrder);
+  return nCells == 3 && HasSsse3() ? BGR8ToMono8Ssse3(pSrc, pDest, nWidth, bSrcBGROrder) : 0;
+}
+size_t SimdUnpack10p32ShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSwap,
+                                unsigned nShift) {
+  if (!HasVbmi()) return 0;
+  return nCells == 3 ? Unpack10p32Vbmi3(pSrc, pDest, nWidth, bSwap, nShift)
+                     : Unpack10p32Vbmi4(pSrc, pDest, nWidth, bSwap, nShift);
 }
 size_t SimdSwapRB8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth) {
   return HasSsse3() ? SwapRB8Ssse3(pSrc, pDest, nWidth) : 0;
@@ -284,7 +448,8 @@ size_t SimdUnpackGvspLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, i
 #else
 
 bool HasSsse3() { return false; }
-size_t SimdBGR8ToMono8Line(const uint8_t*, uint8_t*, size_t, bool) { return 0; }
+size_t SimdColorToMono8Line(const uint8_t*, uint8_t*, size_t, int, bool) { return 0; }
+size_t SimdUnpack10p32ShiftLine(const uint8_t*, uint8_t*, size_t, int, bool, unsigned) { return 0; }
 size_t SimdSwapRB8Line(const uint8_t*, uint8_t*, size_t) { return 0; }
 size_t SimdUnpack12pLine(const uint8_t*, uint16_t*, size_t) { return 0; }
 size_t SimdUnpackGvspLine(const uint8_t*, uint16_t*, size_t, int) { return 0; }
