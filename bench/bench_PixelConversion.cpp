@@ -16,6 +16,7 @@
 #include "PixelConversion/Packed10p32.h"
 #include "PixelConversion/RawMonoConversion.h"
 #include "PixelConversion/SharedTableHolder.h"
+#include "PixelConversion/SimdLineKernels.h"
 #include "PixelConversion/VyLookUpTableManager.h"
 
 using namespace VyApi;
@@ -155,7 +156,15 @@ void BGR8ToRGB8(benchmark::State& state) {
 }
 BENCHMARK(BGR8ToRGB8)->Unit(benchmark::kMicrosecond);
 
+// The argument caps the instruction set of the hand-written line bodies
+// (ESimdCap_t: 3 all, 2 AVX2, 1 SSSE3, 0 none), so that each form is measured.
+struct SSimdCap {
+  explicit SSimdCap(const benchmark::State& state) { SetSimdCapForTesting(ESimdCap_t(state.range(0))); }
+  ~SSimdCap() { SetSimdCapForTesting(SimdCap_All); }
+};
+
 void BGR8ToMono8(benchmark::State& state) {
+  SSimdCap cap(state);
   std::vector<uint8_t> src = RandomBytes(3 * kWidth * kHeight), dst(kWidth * kHeight);
   for (auto _ : state) {
     ConverterBGR8ToMono8(src.data(), 3 * kWidth, 3, true, dst.data(), kWidth, kWidth, kHeight, nullptr, false);
@@ -163,9 +172,10 @@ void BGR8ToMono8(benchmark::State& state) {
   }
   state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(dst.size()));
 }
-BENCHMARK(BGR8ToMono8)->Unit(benchmark::kMicrosecond);
+BENCHMARK(BGR8ToMono8)->ArgName("simd")->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
 
 void RGB10p32ToBGR8(benchmark::State& state) {
+  SSimdCap cap(state);
   std::vector<uint32_t> src(kWidth * kHeight);
   std::mt19937 rng(2);
   for (auto& w : src) w = rng() & 0x3FFFFFFF;
@@ -179,7 +189,7 @@ void RGB10p32ToBGR8(benchmark::State& state) {
   }
   state.SetBytesProcessed(int64_t(state.iterations()) * int64_t(dst.size()));
 }
-BENCHMARK(RGB10p32ToBGR8)->Unit(benchmark::kMicrosecond);
+BENCHMARK(RGB10p32ToBGR8)->ArgName("simd")->DenseRange(0, 3)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -1,5 +1,7 @@
 #include "PixelConversion/SimdLineKernels.h"
 
+#include <atomic>
+
 #if defined(__x86_64__) && defined(__GNUC__)
 #include <immintrin.h>
 #define VY_HAVE_X86_SIMD 1
@@ -384,6 +386,92 @@ VY_TARGET_VBMI size_t Unpack10p32Vbmi4(const uint8_t* pSrc, uint8_t* pDest, size
   return nWidth;
 }
 
+// AVX2 forms for processors without AVX-512. Byte shuffles stay inside each
+// 128-bit half, so every half is given the bytes of its own 8 pixels.
+#define VY_TARGET_AVX2 __attribute__((target("avx2")))
+
+// Colour to mono, 16 three-cell pixels a half step: each half receives its
+// 24 bytes as two overlapping 16-byte loads (bytes 0..15 and 8..23), and a
+// shuffle of each gathers the (R, G) and (B, G) pairs for the same two dot
+// products as the VBMI form.
+struct SMono3Avx2 {
+  __m256i rgA, rgB, bgA, bgB, wRG, wBG;
+  VY_TARGET_AVX2 explicit SMono3Avx2(bool bBGR) {
+    alignas(32) uint8_t a[4][32], wr[32], wb[32];
+    for (int half = 0; half < 2; ++half)
+      for (int p = 0; p < 8; ++p)
+        for (int j = 0; j < 2; ++j) {
+          const int nLane = 16 * half + 2 * p + j;
+          const int nRG = 3 * p + (j == 1 ? 1 : (bBGR ? 2 : 0));
+          const int nBG = 3 * p + (j == 1 ? 1 : (bBGR ? 0 : 2));
+          // Byte i of the half's 24 comes from the first load below 16, else the second.
+          a[0][nLane] = nRG < 16 ? uint8_t(nRG) : 0x80;
+          a[1][nLane] = nRG < 16 ? 0x80 : uint8_t(nRG - 8);
+          a[2][nLane] = nBG < 16 ? uint8_t(nBG) : 0x80;
+          a[3][nLane] = nBG < 16 ? 0x80 : uint8_t(nBG - 8);
+          wr[nLane] = j == 0 ? 2 : 5;
+          wb[nLane] = j == 0 ? 1 : 0;
+        }
+    rgA = _mm256_load_si256(reinterpret_cast<const __m256i*>(a[0]));
+    rgB = _mm256_load_si256(reinterpret_cast<const __m256i*>(a[1]));
+    bgA = _mm256_load_si256(reinterpret_cast<const __m256i*>(a[2]));
+    bgB = _mm256_load_si256(reinterpret_cast<const __m256i*>(a[3]));
+    wRG = _mm256_load_si256(reinterpret_cast<const __m256i*>(wr));
+    wBG = _mm256_load_si256(reinterpret_cast<const __m256i*>(wb));
+  }
+  // 16 pixels (48 bytes at p) to 16 words.
+  VY_TARGET_AVX2 __m256i Words(const uint8_t* p) const {
+    const __m256i a = _mm256_inserti128_si256(_mm256_castsi128_si256(Load(p)), Load(p + 24), 1);
+    const __m256i b = _mm256_inserti128_si256(_mm256_castsi128_si256(Load(p + 8)), Load(p + 32), 1);
+    const __m256i rg = _mm256_or_si256(_mm256_shuffle_epi8(a, rgA), _mm256_shuffle_epi8(b, rgB));
+    const __m256i bg = _mm256_or_si256(_mm256_shuffle_epi8(a, bgA), _mm256_shuffle_epi8(b, bgB));
+    return _mm256_srli_epi16(_mm256_add_epi16(_mm256_maddubs_epi16(rg, wRG), _mm256_maddubs_epi16(bg, wBG)), 3);
+  }
+};
+
+VY_TARGET_AVX2 size_t ColorToMono8Avx2(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bBGR) {
+  const SMono3Avx2 k(bBGR);
+  size_t x = 0;
+  for (; x + 32 <= nWidth; x += 32) {
+    // The pack interleaves the halves of its two inputs; the qword permute restores pixel order.
+    const __m256i v = _mm256_packus_epi16(k.Words(pSrc + 3 * x), k.Words(pSrc + 3 * x + 48));
+    _mm256_storeu_si256(reinterpret_cast<__m256i*>(pDest + x), _mm256_permute4x64_epi64(v, 0xD8));
+  }
+  return x;
+}
+
+// 10p32 words to three-cell pixels, 8 a step: each field reaches its cell by a
+// right and a left shift, one of them by 32 (which gives 0); the cells are
+// compacted inside each half, then the halves' 12 bytes joined.
+VY_TARGET_AVX2 size_t Unpack10p32Avx2(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, bool bSwap,
+                                      unsigned nShift) {
+  const uint32_t m = (0x3FFu >> nShift) & 0xFFu;
+  __m128i right[3], left[3];
+  __m256i mask[3];
+  for (int f = 0; f < 3; ++f) {
+    const int nCell = f == 1 ? 1 : ((f == 0) != bSwap ? 0 : 2);
+    const int r = 10 * f + int(nShift) - 8 * nCell;
+    right[f] = _mm_cvtsi32_si128(r >= 0 ? r : 32);
+    left[f] = _mm_cvtsi32_si128(r >= 0 ? 32 : -r);
+    mask[f] = _mm256_set1_epi32(int(m << (8 * nCell)));
+  }
+  const __m256i compact = _mm256_setr_epi8(0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1,  //
+                                           0, 1, 2, 4, 5, 6, 8, 9, 10, 12, 13, 14, -1, -1, -1, -1);
+  const __m256i join = _mm256_setr_epi32(0, 1, 2, 4, 5, 6, 7, 7);
+  size_t x = 0;
+  for (; x + 8 <= nWidth; x += 8) {
+    const __m256i w = _mm256_loadu_si256(reinterpret_cast<const __m256i*>(pSrc + 4 * x));
+    __m256i px = _mm256_setzero_si256();
+    for (int f = 0; f < 3; ++f)
+      px = _mm256_or_si256(
+          px, _mm256_and_si256(_mm256_or_si256(_mm256_srl_epi32(w, right[f]), _mm256_sll_epi32(w, left[f])), mask[f]));
+    const __m256i v = _mm256_permutevar8x32_epi32(_mm256_shuffle_epi8(px, compact), join);
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(pDest + 3 * x), _mm256_castsi256_si128(v));
+    _mm_storel_epi64(reinterpret_cast<__m128i*>(pDest + 3 * x + 16), _mm256_extracti128_si256(v, 1));
+  }
+  return x;
+}
+
 bool DetectVbmi() {
   __builtin_cpu_init();
   return __builtin_cpu_supports("avx512f") && __builtin_cpu_supports("avx512bw") &&
@@ -395,58 +483,76 @@ bool HasVbmi() {
   return bHas;
 }
 
+bool HasAvx2() {
+  static const bool bHas = __builtin_cpu_supports("avx2");
+  return bHas;
+}
+
+std::atomic<int> g_nSimdCap{int(SimdCap_All)};
+
+bool Allowed(ESimdCap_t eLevel) { return g_nSimdCap.load(std::memory_order_relaxed) >= int(eLevel); }
+bool UseVbmi() { return Allowed(SimdCap_Vbmi) && HasVbmi(); }
+bool UseAvx2() { return Allowed(SimdCap_Avx2) && HasAvx2(); }
+
 }  // namespace
 
 size_t SimdUnpackPackedShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nBits, unsigned nShift) {
-  return HasVbmi() ? UnpackPackedShiftVbmi(pSrc, pDest, nWidth, nBits, nShift) : 0;
+  return UseVbmi() ? UnpackPackedShiftVbmi(pSrc, pDest, nWidth, nBits, nShift) : 0;
 }
 size_t SimdUnpackPackedShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits, unsigned nShift) {
-  return HasVbmi() ? UnpackPackedShiftVbmi(pSrc, pDest, nWidth, nBits, nShift) : 0;
+  return UseVbmi() ? UnpackPackedShiftVbmi(pSrc, pDest, nWidth, nBits, nShift) : 0;
 }
 size_t SimdUnpackPackedStretchLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nBits,
                                    const SStretch& f) {
-  return HasVbmi() ? UnpackPackedStretchVbmi(pSrc, pDest, nWidth, nBits, f) : 0;
+  return UseVbmi() ? UnpackPackedStretchVbmi(pSrc, pDest, nWidth, nBits, f) : 0;
 }
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, unsigned nShift) {
-  return HasVbmi() ? UnpackGvsp12Vbmi(pSrc, pDest, nWidth, nShift, SKeep()) : 0;
+  return UseVbmi() ? UnpackGvsp12Vbmi(pSrc, pDest, nWidth, nShift, SKeep()) : 0;
 }
 size_t SimdUnpackGvsp12ShiftLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, unsigned nShift) {
-  return HasVbmi() ? UnpackGvsp12Vbmi(pSrc, pDest, nWidth, nShift, SKeep()) : 0;
+  return UseVbmi() ? UnpackGvsp12Vbmi(pSrc, pDest, nWidth, nShift, SKeep()) : 0;
 }
 size_t SimdUnpackGvsp12StretchLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, const SStretch& f) {
-  return HasVbmi() ? UnpackGvsp12StretchVbmi(pSrc, pDest, nWidth, f) : 0;
+  return UseVbmi() ? UnpackGvsp12StretchVbmi(pSrc, pDest, nWidth, f) : 0;
 }
 
 bool HasSsse3() {
   static const bool bHas = __builtin_cpu_supports("ssse3");
   return bHas;
 }
+static bool UseSsse3() { return Allowed(SimdCap_Ssse3) && HasSsse3(); }
+
+void SetSimdCapForTesting(ESimdCap_t eCap) { g_nSimdCap.store(int(eCap), std::memory_order_relaxed); }
 
 size_t SimdColorToMono8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSrcBGROrder) {
-  if (HasVbmi())
+  if (UseVbmi())
     return nCells == 3 ? ColorToMono8Vbmi3(pSrc, pDest, nWidth, bSrcBGROrder)
                        : ColorToMono8Vbmi4(pSrc, pDest, nWidth, bSrcBGROrder);
-  return nCells == 3 && HasSsse3() ? BGR8ToMono8Ssse3(pSrc, pDest, nWidth, bSrcBGROrder) : 0;
+  if (nCells != 3) return 0;
+  if (UseAvx2()) return ColorToMono8Avx2(pSrc, pDest, nWidth, bSrcBGROrder);
+  return UseSsse3() ? BGR8ToMono8Ssse3(pSrc, pDest, nWidth, bSrcBGROrder) : 0;
 }
 size_t SimdUnpack10p32ShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSwap,
                                 unsigned nShift) {
-  if (!HasVbmi()) return 0;
-  return nCells == 3 ? Unpack10p32Vbmi3(pSrc, pDest, nWidth, bSwap, nShift)
-                     : Unpack10p32Vbmi4(pSrc, pDest, nWidth, bSwap, nShift);
+  if (UseVbmi())
+    return nCells == 3 ? Unpack10p32Vbmi3(pSrc, pDest, nWidth, bSwap, nShift)
+                       : Unpack10p32Vbmi4(pSrc, pDest, nWidth, bSwap, nShift);
+  return nCells == 3 && UseAvx2() ? Unpack10p32Avx2(pSrc, pDest, nWidth, bSwap, nShift) : 0;
 }
 size_t SimdSwapRB8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth) {
-  return HasSsse3() ? SwapRB8Ssse3(pSrc, pDest, nWidth) : 0;
+  return UseSsse3() ? SwapRB8Ssse3(pSrc, pDest, nWidth) : 0;
 }
 size_t SimdUnpack12pLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth) {
-  return HasSsse3() ? Unpack12pSsse3(pSrc, pDest, nWidth) : 0;
+  return UseSsse3() ? Unpack12pSsse3(pSrc, pDest, nWidth) : 0;
 }
 size_t SimdUnpackGvspLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, int nLowBits) {
-  if (!HasSsse3()) return 0;
+  if (!UseSsse3()) return 0;
   return nLowBits == 4 ? UnpackGvspSsse3<4>(pSrc, pDest, nWidth) : UnpackGvspSsse3<2>(pSrc, pDest, nWidth);
 }
 
 #else
 
+void SetSimdCapForTesting(ESimdCap_t) {}
 bool HasSsse3() { return false; }
 size_t SimdColorToMono8Line(const uint8_t*, uint8_t*, size_t, int, bool) { return 0; }
 size_t SimdUnpack10p32ShiftLine(const uint8_t*, uint8_t*, size_t, int, bool, unsigned) { return 0; }

@@ -21,9 +21,16 @@ namespace PixelConversion {
 /// True when the processor has SSSE3; read once.
 bool HasSsse3();
 
+/// The widest instruction set the line bodies may use, for tests that run
+/// every form on one machine; SimdCap_All (the default) lets each function
+/// take the best its processor has. Every form gives the same values.
+enum ESimdCap_t { SimdCap_None, SimdCap_Ssse3, SimdCap_Avx2, SimdCap_Vbmi, SimdCap_All = SimdCap_Vbmi };
+void SetSimdCapForTesting(ESimdCap_t eCap);
+
 /// BGR8/RGB8 (nCells 3) or BGRa8/RGBa8 (nCells 4) to Mono8 with the
-/// luminance weights. With AVX-512 VBMI the whole line; otherwise SSSE3 does
-/// a multiple of 16 three-cell pixels and four-cell lines are left alone.
+/// luminance weights. With AVX-512 VBMI the whole line; otherwise AVX2 or
+/// SSSE3 do a multiple of 32 or 16 three-cell pixels and four-cell lines are
+/// left alone.
 size_t SimdColorToMono8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSrcBGROrder);
 /// Three-cell 8-bit pixels with components 0 and 2 exchanged.
 size_t SimdSwapRB8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth);
@@ -35,7 +42,8 @@ size_t SimdUnpackGvspLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, i
 /// RGB10p32/CBGR10p32 words to 8-bit pixels of nCells (3 or 4) cells, each
 /// field >> nShift (0..9) with its low byte kept, as a shift table maps it;
 /// field 0 goes to cell 0, or to cell 2 with bSwap. The fourth cell is never
-/// written. AVX-512 VBMI only, then the whole line; 0 elsewhere.
+/// written. With AVX-512 VBMI the whole line; with AVX2 a multiple of 8
+/// three-cell pixels; 0 elsewhere.
 size_t SimdUnpack10p32ShiftLine(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSwap,
                                 unsigned nShift);
 

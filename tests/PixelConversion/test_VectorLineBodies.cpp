@@ -1,7 +1,9 @@
-// The hand-vectorised line bodies against the per-pixel rule, on random data.
-// Widths sit on both sides of the vector steps (16 and 64 pixels) so that the
-// full steps, the masked last step and the scalar tail all run; pitches are
-// padded and the padding, like alpha, must come back as the buffer had it.
+// The hand-vectorised line bodies against the per-pixel rule, on random data,
+// each instruction set's form in turn (those the processor lacks fall back to
+// the next narrower). Widths sit on both sides of the vector steps (8 to 64
+// pixels) so that the full steps, the masked last step and the scalar tail
+// all run; pitches are padded and the padding, like alpha, must come back as
+// the buffer had it.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -10,6 +12,7 @@
 
 #include "PixelConversion/ColorToMonoConversion.h"
 #include "PixelConversion/Packed10p32.h"
+#include "PixelConversion/SimdLineKernels.h"
 
 using namespace VyApi::PixelConversion;
 
@@ -17,7 +20,13 @@ namespace {
 
 using Bytes = std::vector<uint8_t>;
 
-const size_t kWidths[] = {1, 5, 15, 16, 17, 21, 22, 63, 64, 65, 100, 127, 128, 129, 200};
+const size_t kWidths[] = {1, 5, 7, 8, 11, 15, 16, 17, 21, 22, 31, 32, 33, 63, 64, 65, 100, 127, 128, 129, 200};
+const ESimdCap_t kCaps[] = {SimdCap_All, SimdCap_Avx2, SimdCap_Ssse3, SimdCap_None};
+
+// Restores the default when a test ends, failed or not.
+struct SCapGuard {
+  ~SCapGuard() { SetSimdCapForTesting(SimdCap_All); }
+};
 constexpr uint8_t kUntouched = 0xA5;
 
 Bytes RandomBytes(size_t n, std::mt19937& gen) {
@@ -29,6 +38,8 @@ Bytes RandomBytes(size_t n, std::mt19937& gen) {
 TEST(VectorLineBodies, ColorToMono8MatchesTheScalarRule) {
   std::mt19937 gen(11);
   const size_t h = 3;
+  SCapGuard guard;
+  for (ESimdCap_t cap : kCaps)
   for (int cells : {3, 4})
     for (bool bgr : {true, false})
       for (bool flip : {false, true})
@@ -36,6 +47,7 @@ TEST(VectorLineBodies, ColorToMono8MatchesTheScalarRule) {
           const size_t sp = cells * w + 5, dp = w + 3;
           const Bytes src = RandomBytes(sp * h, gen);
           Bytes out(dp * h, kUntouched);
+          SetSimdCapForTesting(cap);
           ConverterBGR8ToMono8(src.data(), sp, size_t(cells), bgr, out.data(), dp, w, h, nullptr, flip);
           for (size_t y = 0; y < h; ++y) {
             const uint8_t* pd = &out[(flip ? h - 1 - y : y) * dp];
@@ -43,7 +55,7 @@ TEST(VectorLineBodies, ColorToMono8MatchesTheScalarRule) {
               const uint8_t* p = &src[y * sp + cells * x];
               const uint32_t r = bgr ? p[2] : p[0], b = bgr ? p[0] : p[2];
               ASSERT_EQ(pd[x], MonoFromRGB(r, p[1], b))
-                  << "cells " << cells << (bgr ? " BGR" : " RGB") << " w " << w << " x " << x << " y " << y;
+                  << "cap " << cap << " cells " << cells << (bgr ? " BGR" : " RGB") << " w " << w << " x " << x << " y " << y;
             }
             for (size_t x = w; x < dp; ++x) ASSERT_EQ(pd[x], kUntouched) << "padding, w " << w;
           }
@@ -53,11 +65,14 @@ TEST(VectorLineBodies, ColorToMono8MatchesTheScalarRule) {
 TEST(VectorLineBodies, ColorToMono8ExtremesStayInRange) {
   // All 255 gives 255: the widest sum the vector lanes must carry.
   const size_t w = 130;
+  SCapGuard guard;
+  for (ESimdCap_t cap : kCaps)
   for (int cells : {3, 4}) {
+    SetSimdCapForTesting(cap);
     const Bytes src(cells * w, 255);
     Bytes out(w, 0);
     ConverterBGR8ToMono8(src.data(), cells * w, size_t(cells), true, out.data(), w, w, 1, nullptr, false);
-    for (size_t x = 0; x < w; ++x) ASSERT_EQ(out[x], 255) << "cells " << cells << " x " << x;
+    for (size_t x = 0; x < w; ++x) ASSERT_EQ(out[x], 255) << "cap " << cap << " cells " << cells << " x " << x;
   }
 }
 
@@ -80,6 +95,8 @@ TEST(VectorLineBodies, Packed10p32ToEightBitsMatchesTheScalarRule) {
   std::mt19937 gen(12);
   const size_t h = 3;
   const auto tables = TenToEightTables();
+  SCapGuard guard;
+  for (ESimdCap_t cap : kCaps)
   for (size_t nTable = 0; nTable < tables.size(); ++nTable) {
     const std::vector<uint16_t>& table = tables[nTable];
     for (int cells : {3, 4})
@@ -91,6 +108,7 @@ TEST(VectorLineBodies, Packed10p32ToEightBitsMatchesTheScalarRule) {
               Bytes src = RandomBytes(sp * h, gen);
               for (size_t i = 3; i < src.size(); i += 4) src[i] &= 0x3F;  // bits 31:30 zero
               Bytes out(dp * h, kUntouched);
+              SetSimdCapForTesting(cap);
               ConverterBGR10p32ToBGRx8(src.data(), sp, srcBgr, out.data(), dp, size_t(cells), destBgr, w, h,
                                        table.data(), flip);
               for (size_t y = 0; y < h; ++y) {
@@ -101,7 +119,7 @@ TEST(VectorLineBodies, Packed10p32ToEightBitsMatchesTheScalarRule) {
                   for (int f = 0; f < 3; ++f) {
                     const int cell = f == 1 ? 1 : ((f == 0) == (srcBgr == destBgr) ? 0 : 2);
                     ASSERT_EQ(pd[cells * x + cell], uint8_t(table[(word >> (10 * f)) & 0x3FF]))
-                        << "table " << nTable << " cells " << cells << " swap " << (srcBgr != destBgr) << " w "
+                        << "cap " << cap << " table " << nTable << " cells " << cells << " swap " << (srcBgr != destBgr) << " w "
                         << w << " x " << x << " field " << f;
                   }
                   if (cells == 4) {
