@@ -13,7 +13,7 @@
 
 void* m_hModule = nullptr;
 
-extern "C" void* GetModuleHandleIP() { return m_hModule; }
+void* GetModuleHandleIP() { return m_hModule; }
 
 namespace VyApi {
 

@@ -79,7 +79,11 @@ public:
   }
 
 protected:
-  explicit CVyIPModuleBase(int32_t nResourceID) : m_nResourceID(nResourceID) {}
+  /// Raises BadAllocException when a member cannot get its memory.
+  explicit CVyIPModuleBase(int32_t nResourceID) try : m_nResourceID(nResourceID) {
+  } catch (const std::bad_alloc& e) {
+    throw VY_BAD_ALLOC_EXCEPTION("%s", e.what());
+  }
 
   /// Releases every temporary buffer, then the node map and the registry.
   ~CVyIPModuleBase() override {

@@ -47,7 +47,7 @@ public:
 
 private:
   UT* mCast() const {
-    if (!m_p) throw VY_LOGICAL_ERROR_EXCEPTION("NULL pointer dereferenced");
+    if (!m_p) throw VY_REPORTER_FROM(c_szVyApiIPSource, LogicalErrorException)("NULL pointer dereferenced");
     UT* pUT = dynamic_cast<UT*>(m_p);
     VY_ASSERT_NOT_NULL(pUT);
     return pUT;

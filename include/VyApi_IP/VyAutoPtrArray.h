@@ -19,7 +19,7 @@ public:
     try {
       m_pvec = new std::vector<T*>();
     } catch (const std::bad_alloc& e) {
-      throw VY_BAD_ALLOC_EXCEPTION("%s", e.what());
+      throw VY_REPORTER_FROM(c_szVyApiIPSource, BadAllocException)("%s", e.what());
     }
   }
   CVyAutoPtrArray(const CVyAutoPtrArray&) = delete;
@@ -43,11 +43,11 @@ public:
     try {
       m_pvec->push_back(p);
     } catch (const std::length_error& e) {
-      throw VY_INVALID_ARGUMENT_EXCEPTION("%s", e.what());
+      throw VY_REPORTER_FROM(c_szVyApiIPSource, InvalidArgumentException)("%s", e.what());
     } catch (const std::bad_alloc& e) {
-      throw VY_BAD_ALLOC_EXCEPTION("%s", e.what());
+      throw VY_REPORTER_FROM(c_szVyApiIPSource, BadAllocException)("%s", e.what());
     } catch (const std::exception& e) {
-      throw VY_RUNTIME_EXCEPTION("%s", e.what());
+      throw VY_REPORTER_FROM(c_szVyApiIPSource, RuntimeException)("%s", e.what());
     }
     return m_pvec->size() - 1;
   }
@@ -76,9 +76,9 @@ public:
 private:
   void mCheckIndex(size_t nIndex) const {
     const long long n = static_cast<long long>(nIndex);
-    if (n < 0) throw VY_OUT_OF_RANGE_EXCEPTION("%s = %lld must be equal or greater than Min = %lld", "nIndex", n, 0LL);
+    if (n < 0) throw VY_REPORTER_FROM(c_szVyApiIPSource, OutOfRangeException)("%s = %lld must be equal or greater than Min = %lld", "nIndex", n, 0LL);
     if (nIndex >= m_pvec->size())
-      throw VY_OUT_OF_RANGE_EXCEPTION("%s = %lld must be smaller than Max = %lld", "nIndex", n,
+      throw VY_REPORTER_FROM(c_szVyApiIPSource, OutOfRangeException)("%s = %lld must be smaller than Max = %lld", "nIndex", n,
                                       static_cast<long long>(m_pvec->size()));
   }
 

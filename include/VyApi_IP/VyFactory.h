@@ -30,6 +30,6 @@ IVyFilterInfo* GetIVyFilterInfo(EVyFilterType_t eType);
 }  // namespace VyApi
 
 /// The module handle of the library; 0 on this platform. Raises nothing.
-extern "C" void* GetModuleHandleIP();
+void* GetModuleHandleIP();
 
 #endif

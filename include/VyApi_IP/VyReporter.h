@@ -31,10 +31,21 @@ inline std::string SourceName(const char* file) {
 }
 
 }  // namespace detail
+
+/// Source name of the factories and the owners, whose code in public headers
+/// is compiled inside the application.
+constexpr const char c_szVyApiIPSource[] = "VyApi_IP/VyApi_IP";
+
 }  // namespace VyApi
 
 #define VY_REPORTER(type) \
   GenICam_3_0::ExceptionReporter<GenICam_3_0::type>(::VyApi::detail::SourceName(__FILE__).c_str(), __LINE__, #type).Report
+
+/// For code in public headers, which is compiled inside the application: the
+/// source name is given, since __FILE__ there depends on where the headers
+/// were installed.
+#define VY_REPORTER_FROM(source, type) \
+  GenICam_3_0::ExceptionReporter<GenICam_3_0::type>(source, __LINE__, #type).Report
 
 #define VY_RUNTIME_EXCEPTION VY_REPORTER(RuntimeException)
 #define VY_OUT_OF_RANGE_EXCEPTION VY_REPORTER(OutOfRangeException)

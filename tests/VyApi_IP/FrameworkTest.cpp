@@ -192,6 +192,20 @@ TEST_F(FrameworkTest, AutoPointerRaisesWhenEmpty) {
   CVyAutoPtr<IVyFilterReleasable, IVyGammaCorrectionFilter> empty;
   EXPECT_EQ(MessageOf([&] { empty->GetGammaValue(); }), "NULL pointer dereferenced");
   EXPECT_THROW(static_cast<IVyGammaCorrectionFilter*>(empty), GenICam::LogicalErrorException);
+  // Owner code is compiled in the application, yet reports the library's source name.
+  try {
+    empty->GetGammaValue();
+  } catch (const GenICam::GenericException& e) {
+    EXPECT_STREQ(e.GetSourceFileName(), "VyApi_IP/VyApi_IP");
+  }
+  CIVyFilterPtrArray chain;
+  try {
+    chain[0];
+    ADD_FAILURE() << "no exception";
+  } catch (const GenICam::OutOfRangeException& e) {
+    EXPECT_STREQ(e.GetSourceFileName(), "VyApi_IP/VyApi_IP");
+  }
+  EXPECT_EQ(GetModuleHandleIP(), nullptr);
 }
 
 class MarkFilter : public IVyFilterReleasable {
