@@ -121,6 +121,16 @@ protected:
     if (pNode) pNode->InvalidateNode();
   }
 
+  /// The road of every plain typed setter: stores value into member and, if
+  /// it changed, invalidates the register node behind it. Raises what
+  /// InvalidateRegisterNode raises.
+  template <typename V>
+  void StoreSetting(V& member, V value, const char* szRegisterName) {
+    if (member == value) return;
+    member = value;
+    InvalidateRegisterNode(szRegisterName);
+  }
+
   /// Lends a buffer of the pool (the oldest handed back first), or a new one.
   /// Raises BadAllocException when no memory is left.
   IVyImageBufferReleasable* GetTempolaryBuffer() {

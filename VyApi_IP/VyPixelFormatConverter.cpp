@@ -124,16 +124,12 @@ void CVyPixelFormatConverter::SetLinePitchAlignment(size_t nAlignment) { m_nLine
 
 Fmt CVyPixelFormatConverter::GetDestinationPixelFormat() const { return m_eDestinationPixelFormat; }
 void CVyPixelFormatConverter::SetDestinationPixelFormat(Fmt eFormat) {
-  if (eFormat == m_eDestinationPixelFormat) return;
-  m_eDestinationPixelFormat = eFormat;
-  InvalidateRegisterNode("DestinationPixelFormatReg");
+  StoreSetting(m_eDestinationPixelFormat, eFormat, "DestinationPixelFormatReg");
 }
 
 bool CVyPixelFormatConverter::GetReverseY() const { return m_bReverseY; }
 void CVyPixelFormatConverter::SetReverseY(bool bReverseY) {
-  if (bReverseY == m_bReverseY) return;
-  m_bReverseY = bReverseY;
-  InvalidateRegisterNode("ReverseYReg");
+  StoreSetting(m_bReverseY, bReverseY, "ReverseYReg");
 }
 
 EVyBayerInterpolationMethod_t CVyPixelFormatConverter::GetBayerInterpolationMethod() const {
@@ -144,9 +140,7 @@ void CVyPixelFormatConverter::SetBayerInterpolationMethod(EVyBayerInterpolationM
   if (static_cast<uint32_t>(eMethod) > VyBayerInterpolationMethod_BiCubic)
     throw VY_OUT_OF_RANGE_EXCEPTION("%s = %lld must be smaller than Max = %lld", "eBIM",
                                     static_cast<long long>(eMethod), 6LL);
-  if (eMethod == m_eBayerInterpolationMethod) return;
-  m_eBayerInterpolationMethod = eMethod;
-  InvalidateRegisterNode("BayerInterpolationMethodReg");
+  StoreSetting(m_eBayerInterpolationMethod, eMethod, "BayerInterpolationMethodReg");
 }
 
 double CVyPixelFormatConverter::GetGammaValue() const { return m_LookUpTableManager.m_dGammaValue.load(); }
@@ -164,9 +158,7 @@ void CVyPixelFormatConverter::SetGammaValue(double dGamma) {
 
 bool CVyPixelFormatConverter::GetDestinationPixelFormatNodeLock() const { return m_bDestinationPixelFormatNodeLock; }
 void CVyPixelFormatConverter::SetDestinationPixelFormatNodeLock(bool bLock) {
-  if (bLock == m_bDestinationPixelFormatNodeLock) return;
-  m_bDestinationPixelFormatNodeLock = bLock;
-  InvalidateRegisterNode("DestinationPixelFormatNodeLockReg");
+  StoreSetting(m_bDestinationPixelFormatNodeLock, bLock, "DestinationPixelFormatNodeLockReg");
 }
 
 // ---------------------------------------------------------------- registers

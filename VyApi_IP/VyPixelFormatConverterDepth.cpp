@@ -17,9 +17,7 @@ using PixelConversion::CSharedTableHolder;
 // ---------------------------------------------------------------- raw to raw
 
 #define VY_RAW_PRIMITIVE(name)                                                                                         \
-  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                                \
-    const CVyConvImage s(pSrc), d(pDest);                                                                              \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                        \
+  VY_PRIMITIVE_HEAD(name)                                                                                        \
     PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), s.Width(), s.Height(), s.Depth(), table.Get(), \
                           bReverseY);                                                                                  \
   }
@@ -31,9 +29,7 @@ VY_RAW_PRIMITIVE(ConverterRawMono16ToRawMono8)
 // ---------------------------------------------------------------- mono to colour
 
 #define VY_MONO_TO_COLOR_PRIMITIVE(name)                                                                       \
-  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                        \
-    const CVyConvImage s(pSrc), d(pDest);                                                                      \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                \
+  VY_PRIMITIVE_HEAD(name)                                                                                        \
     PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), d.Components(), s.Width(), s.Height(), \
                           table.Get(), bReverseY);                                                             \
   }
@@ -45,9 +41,7 @@ VY_MONO_TO_COLOR_PRIMITIVE(ConverterMonoW2BGRW_RGBW)
 // ---------------------------------------------------------------- colour to mono
 
 #define VY_COLOR_TO_MONO_PRIMITIVE(name)                                                                         \
-  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                          \
-    const CVyConvImage s(pSrc), d(pDest);                                                                        \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                  \
+  VY_PRIMITIVE_HEAD(name)                                                                                        \
     PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), d.Buffer(), d.Pitch(), s.Width(), \
                           s.Height(), table.Get(), bReverseY);                                                   \
   }
@@ -59,9 +53,7 @@ VY_COLOR_TO_MONO_PRIMITIVE(ConverterBGR16ToMono8)
 // ---------------------------------------------------------------- colour to colour
 
 #define VY_COLOR_TO_COLOR_PRIMITIVE(name)                                                                             \
-  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) {                               \
-    const CVyConvImage s(pSrc), d(pDest);                                                                             \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());                                       \
+  VY_PRIMITIVE_HEAD(name)                                                                                        \
     PixelConversion::name(s.Buffer(), s.Pitch(), s.Components(), s.BGROrder(), d.Buffer(), d.Pitch(), d.Components(), \
                           d.BGROrder(), s.Width(), s.Height(), table.Get(), bReverseY);                               \
   }

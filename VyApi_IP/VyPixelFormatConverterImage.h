@@ -7,6 +7,8 @@
 #include <VyApi_IP/IVyPixelFormatInfo.h>
 #include <VyApi_IP/VyReporter.h>
 
+#include "PixelConversion/SharedTableHolder.h"
+
 #include <cstddef>
 #include <cstdint>
 
@@ -39,6 +41,15 @@ private:
   EVyPixelFormatNamingConvention_t m_eFormat;
   IVyPixelFormatInfoInside* m_pInfo;
 };
+
+/// Opens the body of a table primitive of CVyPixelFormatConverter that hands
+/// its two images to a kernel: s and d describe source and destination, and
+/// table holds the look-up table of the depth change (null for equal depths).
+/// The kernel call and the closing brace follow.
+#define VY_PRIMITIVE_HEAD(name)                                                         \
+  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) { \
+    const CVyConvImage s(pSrc), d(pDest);                                               \
+    const PixelConversion::CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());
 
 }  // namespace VyApi
 

@@ -12,11 +12,6 @@ namespace VyApi {
 
 using PixelConversion::CSharedTableHolder;
 
-#define VY_PRIMITIVE_HEAD(name)                                                         \
-  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) { \
-    const CVyConvImage s(pSrc), d(pDest);                                               \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());
-
 #define VY_RAW_STREAM(name)                                                                                        \
   VY_PRIMITIVE_HEAD(name)                                                                                          \
   PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), s.Width(), s.Height(), s.Depth(), d.Depth(), \
@@ -65,6 +60,5 @@ VY_10P32_WRITER(ConverterBGRx16ToBGR10p)
 VY_10P32_WRITER(ConverterBGRx8ToBGR10p)
 #undef VY_10P32_WRITER
 #undef VY_10P32_READER
-#undef VY_PRIMITIVE_HEAD
 
 }  // namespace VyApi

@@ -9,11 +9,6 @@ namespace VyApi {
 
 using PixelConversion::CSharedTableHolder;
 
-#define VY_PRIMITIVE_HEAD(name)                                                         \
-  void CVyPixelFormatConverter::name(IVyImage* pSrc, IVyImage* pDest, bool bReverseY) { \
-    const CVyConvImage s(pSrc), d(pDest);                                               \
-    const CSharedTableHolder table(m_LookUpTableManager, s.Depth(), d.Depth());
-
 #define VY_MONO_TO_PLANAR(name)                                                                              \
   VY_PRIMITIVE_HEAD(name)                                                                                    \
   PixelConversion::name(s.Buffer(), s.Pitch(), d.Buffer(), d.Pitch(), d.PlanePitch(), s.Width(), s.Height(), \
@@ -55,6 +50,5 @@ VY_PLANAR_TO_NONPLANAR(ConverterPlanarToNonPlanar_16_16)
 #undef VY_NONPLANAR_TO_PLANAR
 #undef VY_PLANAR_TO_PLANAR
 #undef VY_MONO_TO_PLANAR
-#undef VY_PRIMITIVE_HEAD
 
 }  // namespace VyApi

@@ -180,16 +180,12 @@ void CVyReverseConverter::SetLinePitchAlignment(size_t nAlignment) { m_nLinePitc
 
 bool CVyReverseConverter::GetReverseX() const { return m_bReverseX; }
 void CVyReverseConverter::SetReverseX(bool bReverseX) {
-  if (bReverseX == m_bReverseX) return;
-  m_bReverseX = bReverseX;
-  InvalidateRegisterNode("ReverseXReg");
+  StoreSetting(m_bReverseX, bReverseX, "ReverseXReg");
 }
 
 bool CVyReverseConverter::GetReverseY() const { return m_bReverseY; }
 void CVyReverseConverter::SetReverseY(bool bReverseY) {
-  if (bReverseY == m_bReverseY) return;
-  m_bReverseY = bReverseY;
-  InvalidateRegisterNode("ReverseYReg");
+  StoreSetting(m_bReverseY, bReverseY, "ReverseYReg");
 }
 
 EVyRotationMode_t CVyReverseConverter::GetRotationMode() const { return m_eRotationMode; }
@@ -198,9 +194,7 @@ void CVyReverseConverter::SetRotationMode(EVyRotationMode_t eRM) {
   if (static_cast<uint32_t>(eRM) > VyRotationMode_Counterclockwise90)
     throw VY_OUT_OF_RANGE_EXCEPTION("%s = %lld must be smaller than Max = %lld", "eRM", static_cast<long long>(eRM),
                                     3LL);
-  if (eRM == m_eRotationMode) return;
-  m_eRotationMode = eRM;
-  InvalidateRegisterNode("RotationModeReg");
+  StoreSetting(m_eRotationMode, eRM, "RotationModeReg");
 }
 
 // ---------------------------------------------------------------- registers
