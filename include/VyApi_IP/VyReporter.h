@@ -17,6 +17,13 @@ namespace detail {
 /// "VyApi_IP/VyGammaCorrectionFilter.cpp" -> "VyApi_IP/VyGammaCorrectionFilter".
 inline std::string SourceName(const char* file) {
   std::string s(file ? file : "");
+  // A compiler cache may hand the compiler paths relative to the build
+  // directory; the name is the same whichever way the source was reached.
+  for (;;) {
+    if (s.compare(0, 3, "../") == 0) s.erase(0, 3);
+    else if (s.compare(0, 2, "./") == 0) s.erase(0, 2);
+    else break;
+  }
   const size_t slash = s.find_last_of('/');
   const size_t dot = s.find_last_of('.');
   if (dot != std::string::npos && (slash == std::string::npos || dot > slash)) s.erase(dot);
