@@ -15,6 +15,8 @@
 #include <cstdint>
 #include <cstring>
 
+#include "Kernels/ReverseLines.h"
+
 // SSE2 is part of every x86-64 processor; the macro is the compilers' common
 // way of saying it is there. Other targets take the scalar loops.
 #if defined(__SSE2__)
@@ -32,8 +34,12 @@ void ReverseLinesX(const uint8_t* pSrc, size_t nSrcPitch, size_t nWidth, size_t 
                    ptrdiff_t nDstLineStep) {
   static_assert(MovedBytes <= PixelBytes, "a pixel moves at most its own bytes");
   if (nWidth == 0) return;
+  constexpr bool c_bVector = PixelBytes == 4 && (MovedBytes == 4 || MovedBytes == 3);
   for (size_t y = 0; y < nHeight; ++y) {
     const uint8_t* s = pSrc + y * nSrcPitch;
+    if constexpr (c_bVector) {
+      if (SimdReverseLine<PixelBytes, MovedBytes>(s, pDst + static_cast<ptrdiff_t>(y) * nDstLineStep, nWidth)) continue;
+    }
     uint8_t* d = pDst + static_cast<ptrdiff_t>(y) * nDstLineStep + (nWidth - 1) * PixelBytes;
     for (size_t x = 0; x < nWidth; ++x) {
       std::memcpy(d, s, MovedBytes);
@@ -74,15 +80,21 @@ inline void ReverseLineCells(const uint8_t* s, uint8_t* d, size_t nWidth) {
 template <>
 inline void ReverseLinesX<1, 1>(const uint8_t* pSrc, size_t nSrcPitch, size_t nWidth, size_t nHeight, uint8_t* pDst,
                                 ptrdiff_t nDstLineStep) {
-  for (size_t y = 0; y < nHeight; ++y)
-    detail::ReverseLineCells<1>(pSrc + y * nSrcPitch, pDst + static_cast<ptrdiff_t>(y) * nDstLineStep, nWidth);
+  for (size_t y = 0; y < nHeight; ++y) {
+    const uint8_t* s = pSrc + y * nSrcPitch;
+    uint8_t* d = pDst + static_cast<ptrdiff_t>(y) * nDstLineStep;
+    if (!SimdReverseLine<1, 1>(s, d, nWidth)) detail::ReverseLineCells<1>(s, d, nWidth);
+  }
 }
 
 template <>
 inline void ReverseLinesX<2, 2>(const uint8_t* pSrc, size_t nSrcPitch, size_t nWidth, size_t nHeight, uint8_t* pDst,
                                 ptrdiff_t nDstLineStep) {
-  for (size_t y = 0; y < nHeight; ++y)
-    detail::ReverseLineCells<2>(pSrc + y * nSrcPitch, pDst + static_cast<ptrdiff_t>(y) * nDstLineStep, nWidth);
+  for (size_t y = 0; y < nHeight; ++y) {
+    const uint8_t* s = pSrc + y * nSrcPitch;
+    uint8_t* d = pDst + static_cast<ptrdiff_t>(y) * nDstLineStep;
+    if (!SimdReverseLine<2, 2>(s, d, nWidth)) detail::ReverseLineCells<2>(s, d, nWidth);
+  }
 }
 #endif
 

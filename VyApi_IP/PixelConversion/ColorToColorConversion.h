@@ -16,6 +16,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "PixelConversion/ByteMoveLines.h"
 #include "PixelConversion/ColorLayout.h"
 #include "PixelConversion/PixelKernelSupport.h"
 #include "PixelConversion/SimdLineKernels.h"
@@ -45,8 +46,8 @@ VY_KERNEL_INLINE void ConverterBGRxToBGRx_t(const void* pSrc, size_t nSrcLinePit
       if constexpr (std::is_same<X, Y>::value && SC == 3 && DC == 3 && !Swap) {
         std::memcpy(pxDest, pxSrc, 3 * nWidth * sizeof(X));
         x = nWidth;
-      } else if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value && SC == 3 && DC == 3) {
-        x = SimdSwapRB8Line(pxSrc, pxDest, nWidth);
+      } else if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value) {
+        x = SimdMoveColor8Line(pxSrc, pxDest, nWidth, SC, DC, Swap);
       }
       for (; x < nWidth; ++x) {
         pxDest[DC * x] = static_cast<Y>(pxSrc[SC * x + C0]);

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "PixelConversion/ByteMoveLines.h"
 #include "PixelConversion/ColorLayout.h"
 #include "PixelConversion/PixelKernelSupport.h"
 
@@ -34,7 +35,10 @@ VY_KERNEL_INLINE void ConverterMonoToBGR_t(const void* pSrc, size_t nSrcLinePitc
         pxDest[DC * x + 2] = v;
       }
     } else {
-      for (size_t x = 0; x < nWidth; ++x) {
+      size_t x = 0;
+      if constexpr (std::is_same<X, uint8_t>::value && std::is_same<Y, uint8_t>::value)
+        x = SimdMonoToColor8Line(pxSrc, pxDest, nWidth, DC);
+      for (; x < nWidth; ++x) {
         const Y v = static_cast<Y>(pxSrc[x]);
         pxDest[DC * x] = v;
         pxDest[DC * x + 1] = v;

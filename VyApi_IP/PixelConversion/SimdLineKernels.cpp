@@ -523,6 +523,9 @@ bool HasSsse3() {
 static bool UseSsse3() { return Allowed(SimdCap_Ssse3) && HasSsse3(); }
 
 void SetSimdCapForTesting(ESimdCap_t eCap) { g_nSimdCap.store(int(eCap), std::memory_order_relaxed); }
+bool UseSimdVbmi() { return UseVbmi(); }
+bool UseSimdAvx2() { return UseAvx2(); }
+bool UseSimdSsse3() { return UseSsse3(); }
 
 size_t SimdColorToMono8Line(const uint8_t* pSrc, uint8_t* pDest, size_t nWidth, int nCells, bool bSrcBGROrder) {
   if (UseVbmi())
@@ -554,6 +557,9 @@ size_t SimdUnpackGvspLine(const uint8_t* pSrc, uint16_t* pDest, size_t nWidth, i
 
 void SetSimdCapForTesting(ESimdCap_t) {}
 bool HasSsse3() { return false; }
+bool UseSimdVbmi() { return false; }
+bool UseSimdAvx2() { return false; }
+bool UseSimdSsse3() { return false; }
 size_t SimdColorToMono8Line(const uint8_t*, uint8_t*, size_t, int, bool) { return 0; }
 size_t SimdUnpack10p32ShiftLine(const uint8_t*, uint8_t*, size_t, int, bool, unsigned) { return 0; }
 size_t SimdSwapRB8Line(const uint8_t*, uint8_t*, size_t) { return 0; }

@@ -26,6 +26,11 @@ bool HasSsse3();
 /// take the best its processor has. Every form gives the same values.
 enum ESimdCap_t { SimdCap_None, SimdCap_Ssse3, SimdCap_Avx2, SimdCap_Vbmi, SimdCap_All = SimdCap_Vbmi };
 void SetSimdCapForTesting(ESimdCap_t eCap);
+/// Whether a line body may take its AVX-512 VBMI, AVX2 or SSSE3 form now:
+/// the processor has it and the cap allows it.
+bool UseSimdVbmi();
+bool UseSimdAvx2();
+bool UseSimdSsse3();
 
 /// BGR8/RGB8 (nCells 3) or BGRa8/RGBa8 (nCells 4) to Mono8 with the
 /// luminance weights. With AVX-512 VBMI the whole line; otherwise AVX2 or
