@@ -28,6 +28,7 @@
 #include <cstdint>
 
 #include "ColorInterpolation/YCbCrLayout.h"
+#include "ColorInterpolation/YCbCrReadSimd.h"
 #include "ColorInterpolation/YCbCrTables.h"
 
 namespace VyApi {
@@ -66,7 +67,10 @@ void YCbCrToColorKernel(const uint8_t* pSrc, size_t nSrcLinePitch, uint8_t* pDes
   for (size_t y = 0; y < nHeight; ++y) {
     const uint8_t* s = pSrc + y * nSrcLinePitch;
     uint8_t* d = pDest + (bReverseY ? nHeight - 1 - y : y) * nDestLinePitch;
-    for (size_t g = 0; g < nGroups; ++g, s += B, d += P * nDestStep) {
+    const size_t nDone = SimdYCbCrToColorGroups<TLayout, nDestStep, bBGROrder>(s, d, nGroups, t);
+    s += nDone * B;
+    d += nDone * P * nDestStep;
+    for (size_t g = nDone; g < nGroups; ++g, s += B, d += P * nDestStep) {
       const SYCbCrChromaSum c = YCbCrChroma(t, s[TLayout::nCb], s[TLayout::nCr]);
       for (int p = 0; p < P; ++p) StoreYCbCrPixel<bBGROrder>(d + p * nDestStep, t, s[TLayout::Y(p)], c);
     }
@@ -94,7 +98,10 @@ void YCbCrToMonoKernel(const uint8_t* pSrc, size_t nSrcLinePitch, uint8_t* pDest
   for (size_t y = 0; y < nHeight; ++y) {
     const uint8_t* s = pSrc + y * nSrcLinePitch;
     uint8_t* d = pDest + (bReverseY ? nHeight - 1 - y : y) * nDestLinePitch;
-    for (size_t g = 0; g < nGroups; ++g, s += B, d += P)
+    const size_t nDone = SimdYCbCrToMonoGroups<TLayout>(s, d, nGroups, t);
+    s += nDone * B;
+    d += nDone * P;
+    for (size_t g = nDone; g < nGroups; ++g, s += B, d += P)
       for (int p = 0; p < P; ++p) d[p] = static_cast<uint8_t>(t.m_anRow[0][s[TLayout::Y(p)]] >> YCbCrFractionBits);
     for (size_t p = 0; p < nTail; ++p)
       d[p] = static_cast<uint8_t>(t.m_anRow[0][s[TLayout::Y(static_cast<int>(p))]] >> YCbCrFractionBits);
